@@ -1,0 +1,16 @@
+# Warnings for every target of the project; third-party headers (Qt) are system headers.
+function(pickerctl_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+endfunction()
+
+# Internal pieces of the library are static archives of position-independent code,
+# linked whole into the shared PickerCtl library and directly into the tests.
+function(pickerctl_area target)
+  add_library(${target} STATIC ${ARGN})
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  pickerctl_warnings(${target})
+endfunction()
