@@ -1,0 +1,420 @@
+#include "widgets/fieldlistmodel.h"
+
+#include "widgets/fieldlisticons.h"
+
+#include <PickerCtl/FieldCatalog.h>
+#include <PickerCtl/TechnologyTypes.h>
+
+#include <QCollator>
+#include <QStringList>
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace PickerCtl {
+
+namespace {
+
+struct ColumnInfo
+{
+    const char16_t *id;
+    const char16_t *title;
+    bool visibleByDefault;
+};
+
+constexpr std::array<ColumnInfo, FieldListModel::ColumnCount> kColumns{{
+    {u"name", u"Name", true},
+    {u"category", u"Category", true},
+    {u"type", u"Type", true},
+    {u"technology", u"Technology", true},
+    {u"owner", u"Owner", true},
+    {u"id", u"Id", false},
+    {u"description", u"Description", false},
+    {u"unit", u"Unit", false},
+    {u"status", u"Status", false},
+}};
+
+const QString kCounterCode = QStringLiteral("CNT");
+const QString kExpressionCode = QStringLiteral("EXP");
+const QString kUdcCode = QStringLiteral("UDC");
+const QString kCounterText = QStringLiteral("Counter");
+const QString kExpressionText = QStringLiteral("Expression");
+const QString kUdcText = QStringLiteral("UDC");
+const QString kValidStatusCode = QStringLiteral("V");
+const QString kValidText = QStringLiteral("Valid");
+const QString kNotValidatedText = QStringLiteral("Not validated");
+const QString kTechnologySeparator = QStringLiteral(", ");
+
+QString catalogueTechnologyNames(const QString &mask)
+{
+    const FieldCatalogPtr catalog = FieldCatalog::instance();
+    const TechnologyTypesPtr types = catalog ? catalog->GetTechnologyTypes() : nullptr;
+    if (!types)
+        return mask;
+    QStringList names;
+    for (const TechnologyTypePtr &type : *types) {
+        if (type && !type->Code().isEmpty() && mask.contains(type->Code()))
+            names.append(type->Name());
+    }
+    return names.join(kTechnologySeparator);
+}
+
+} // namespace
+
+FieldListModel::FieldListModel(QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_technologyNamer(catalogueTechnologyNames)
+{
+}
+
+FieldListModel::~FieldListModel() = default;
+
+QString FieldListModel::columnId(int column)
+{
+    if (column < 0 || column >= ColumnCount)
+        return {};
+    return QString::fromUtf16(kColumns[size_t(column)].id);
+}
+
+int FieldListModel::columnFromId(const QString &id)
+{
+    for (int column = 0; column < ColumnCount; ++column) {
+        if (id == QStringView(kColumns[size_t(column)].id))
+            return column;
+    }
+    return -1;
+}
+
+QString FieldListModel::columnTitle(int column)
+{
+    if (column < 0 || column >= ColumnCount)
+        return {};
+    return QString::fromUtf16(kColumns[size_t(column)].title);
+}
+
+bool FieldListModel::columnVisibleByDefault(int column)
+{
+    return column >= 0 && column < ColumnCount && kColumns[size_t(column)].visibleByDefault;
+}
+
+QString FieldListModel::typeText(const QString &typeCode)
+{
+    if (typeCode == kCounterCode)
+        return kCounterText;
+    if (typeCode == kExpressionCode)
+        return kExpressionText;
+    if (typeCode == kUdcCode)
+        return kUdcText;
+    return typeCode;
+}
+
+QString FieldListModel::statusText(const Field &field)
+{
+    if (!field.IsExpression())
+        return {};
+    return field.ValidationStatus() == kValidStatusCode ? kValidText : kNotValidatedText;
+}
+
+void FieldListModel::setFields(const FieldsPtr &fields)
+{
+    beginResetModel();
+    m_fields = fields;
+    m_order = {};
+    m_position = {};
+    m_sortColumn = -1;
+    m_sortOrder = Qt::AscendingOrder;
+    endResetModel();
+}
+
+FieldPtr FieldListModel::fieldAt(int row) const
+{
+    if (!m_fields || row < 0 || row >= m_fields->size())
+        return nullptr;
+    return m_fields->at(sourceRow(row));
+}
+
+void FieldListModel::appendFields(const std::vector<FieldPtr> &fields)
+{
+    if (fields.empty())
+        return;
+    if (!m_fields)
+        m_fields = Fields::create();
+    const int first = int(m_fields->size());
+    beginInsertRows(QModelIndex(), first, first + int(fields.size()) - 1);
+    m_fields->reserve(first + qsizetype(fields.size()));
+    for (const FieldPtr &field : fields) {
+        const int position = int(m_fields->size());
+        m_fields->Add(field);
+        if (!m_order.empty() || isSorted()) {
+            m_order.push_back(position);
+            m_position.push_back(position);
+        }
+    }
+    endInsertRows();
+}
+
+void FieldListModel::removeSourceRow(int sourceRowNumber)
+{
+    if (!m_fields || sourceRowNumber < 0 || sourceRowNumber >= m_fields->size())
+        return;
+    const int row = viewRow(sourceRowNumber);
+    beginRemoveRows(QModelIndex(), row, row);
+    m_fields->removeAt(sourceRowNumber);
+    if (!m_order.empty()) {
+        m_order.erase(m_order.begin() + row);
+        for (int &position : m_order) {
+            if (position > sourceRowNumber)
+                --position;
+        }
+        rebuildPositions();
+    }
+    endRemoveRows();
+}
+
+bool FieldListModel::moveRowBy(int row, int delta)
+{
+    const int target = row + delta;
+    if (isSorted() || !m_fields || (delta != 1 && delta != -1) || row < 0 || target < 0
+        || row >= rowCount() || target >= rowCount())
+        return false;
+    // Qt counts the destination before the move: one further down means two rows on.
+    const int destination = delta > 0 ? row + 2 : target;
+    if (!beginMoveRows(QModelIndex(), row, row, QModelIndex(), destination))
+        return false;
+    m_fields->move(row, target);
+    endMoveRows();
+    return true;
+}
+
+void FieldListModel::setSortingEnabled(bool on)
+{
+    if (m_sortingEnabled == on)
+        return;
+    if (!on)
+        clearSort();
+    m_sortingEnabled = on;
+}
+
+void FieldListModel::clearSort()
+{
+    if (!isSorted())
+        return;
+    applyOrder({}, -1, Qt::AscendingOrder);
+}
+
+void FieldListModel::sort(int column, Qt::SortOrder order)
+{
+    if (column < 0) {
+        clearSort();
+        return;
+    }
+    if (!m_sortingEnabled || column >= ColumnCount || !m_fields)
+        return;
+
+    const int count = rowCount();
+    std::vector<int> rows(static_cast<size_t>(count));
+    std::iota(rows.begin(), rows.end(), 0);
+    const bool ascending = order == Qt::AscendingOrder;
+
+    if (column == IdColumn) {
+        std::vector<qint32> ids(static_cast<size_t>(count));
+        for (int i = 0; i < count; ++i)
+            ids[size_t(i)] = m_fields->at(i)->Id();
+        std::stable_sort(rows.begin(), rows.end(), [&ids, ascending](int a, int b) {
+            return ascending ? ids[size_t(a)] < ids[size_t(b)] : ids[size_t(b)] < ids[size_t(a)];
+        });
+    } else {
+        // Collation keys are computed once per row, so the n log n comparisons are plain byte compares.
+        QCollator collator;
+        collator.setCaseSensitivity(Qt::CaseInsensitive);
+        std::vector<QCollatorSortKey> keys;
+        keys.reserve(size_t(count));
+        for (int i = 0; i < count; ++i)
+            keys.push_back(collator.sortKey(cellText(*m_fields->at(i), column)));
+        std::stable_sort(rows.begin(), rows.end(), [&keys, ascending](int a, int b) {
+            return ascending ? keys[size_t(a)].compare(keys[size_t(b)]) < 0
+                             : keys[size_t(b)].compare(keys[size_t(a)]) < 0;
+        });
+    }
+    applyOrder(std::move(rows), column, order);
+}
+
+void FieldListModel::applyOrder(std::vector<int> order, int column, Qt::SortOrder sortOrder)
+{
+    Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    std::vector<int> sourceRows;
+    sourceRows.reserve(size_t(before.size()));
+    for (const QModelIndex &index : before)
+        sourceRows.push_back(sourceRow(index.row()));
+
+    m_order = std::move(order);
+    m_sortColumn = column;
+    m_sortOrder = sortOrder;
+    rebuildPositions();
+
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (qsizetype i = 0; i < before.size(); ++i)
+        after.append(index(viewRow(sourceRows[size_t(i)]), before.at(i).column()));
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
+void FieldListModel::rebuildPositions()
+{
+    m_position.assign(m_order.size(), 0);
+    for (size_t row = 0; row < m_order.size(); ++row)
+        m_position[size_t(m_order[row])] = int(row);
+}
+
+void FieldListModel::setTechnologyNamer(TechnologyNamer namer)
+{
+    m_technologyNamer = std::move(namer);
+    m_technologyCache.clear();
+}
+
+void FieldListModel::setRowColors(const std::shared_ptr<ListRowColors> &provider)
+{
+    m_rowColors = provider;
+    refreshLook();
+}
+
+void FieldListModel::setFontProvider(const std::shared_ptr<ListFontProvider> &provider)
+{
+    m_fontProvider = provider;
+    refreshLook();
+}
+
+void FieldListModel::setIconProvider(const std::shared_ptr<ListIconProvider> &provider)
+{
+    m_iconProvider = provider;
+    refreshLook();
+}
+
+void FieldListModel::setLargeIcons(bool large)
+{
+    if (m_largeIcons == large)
+        return;
+    m_largeIcons = large;
+    refreshLook();
+}
+
+void FieldListModel::setBaseFont(const QFont &font)
+{
+    m_baseFont = font;
+    refreshLook();
+}
+
+void FieldListModel::refreshLook()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1),
+                           {Qt::DecorationRole, Qt::FontRole, Qt::BackgroundRole});
+}
+
+int FieldListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() || !m_fields ? 0 : int(m_fields->size());
+}
+
+int FieldListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QString FieldListModel::technologyText(const QString &mask) const
+{
+    auto it = m_technologyCache.constFind(mask);
+    if (it != m_technologyCache.cend())
+        return *it;
+    const QString text = m_technologyNamer ? m_technologyNamer(mask) : mask;
+    m_technologyCache.insert(mask, text);
+    return text;
+}
+
+QString FieldListModel::cellText(const Field &field, int column) const
+{
+    switch (column) {
+    case NameColumn: return field.Name();
+    case CategoryColumn: return field.CategoryName();
+    case TypeColumn: return typeText(field.FieldTypeCode());
+    case TechnologyColumn: return technologyText(field.TechMask());
+    case OwnerColumn: return field.OwnerName();
+    case IdColumn: return QString::number(field.Id());
+    case DescriptionColumn: return field.Description();
+    case UnitColumn: return field.Unit();
+    case StatusColumn: return statusText(field);
+    default: return {};
+    }
+}
+
+QVariant FieldListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const FieldPtr &field = m_fields->at(sourceRow(index.row()));
+    if (!field)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        if (index.column() == IdColumn)
+            return field->Id();
+        return cellText(*field, index.column());
+    case Qt::ToolTipRole:
+        return index.column() == DescriptionColumn || index.column() == NameColumn
+                   ? QVariant(cellText(*field, index.column()))
+                   : QVariant();
+    case Qt::DecorationRole:
+        if (index.column() != NameColumn)
+            return {};
+        if (m_iconProvider)
+            return m_iconProvider->ItemIcon(*field, m_largeIcons);
+        return fieldKindIcon(fieldKindOf(*field));
+    case Qt::FontRole:
+        if (m_fontProvider)
+            return m_fontProvider->ItemFont(*field, m_baseFont);
+        return {};
+    case Qt::BackgroundRole:
+        if (m_rowColors) {
+            const QBrush brush = m_rowColors->RowBackground(index.row(), *field);
+            if (brush.style() != Qt::NoBrush)
+                return brush;
+        }
+        return {};
+    case FieldRole:
+        return QVariant::fromValue(field);
+    case KeyRole:
+        return field->Key();
+    default:
+        return {};
+    }
+}
+
+QVariant FieldListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    if (role == Qt::DisplayRole)
+        return columnTitle(section);
+    if (role == ColumnIdRole)
+        return columnId(section);
+    return {};
+}
+
+Qt::ItemFlags FieldListModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
+}
+
+QModelIndex FieldListModel::sibling(int row, int column, const QModelIndex &index) const
+{
+    Q_UNUSED(index);
+    return row >= 0 && row < rowCount() && column >= 0 && column < ColumnCount ? createIndex(row, column)
+                                                                              : QModelIndex();
+}
+
+} // namespace PickerCtl
