@@ -89,7 +89,7 @@ private:
  *   decimal text, and a QColor (as its OLE colour 0x00BBGGRR);
  * - bool: bools, numbers (non-zero is true), the texts "true"/"false"/"1"/"0"/"-1" in any case;
  * - float and double: numbers and C-locale decimal text; NaN and infinities are refused;
- * - QString: text, numbers and bools;
+ * - QString: text, numbers, bools, a QFont (its toString() form) and a QColor (its name);
  * - QFont: a QFont or its QFont::toString() text;
  * - QColor: a QColor, "#rrggbb"/"#aarrggbb" or a colour name, or an OLE colour number (system
  *   colours 0x800000nn map to the application palette).

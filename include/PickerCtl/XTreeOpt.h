@@ -15,7 +15,8 @@ namespace PickerCtl {
  *
  * Propagation: setting a node to 0 or 1 sets all of its descendants to the same value; any change
  * of a node makes each ancestor recompute its value from its children (all 1 gives 1, all 0 gives
- * 0, anything else 2). A node without children keeps the value it was given.
+ * 0, anything else 2). A node without children keeps the value it was given; asking a node with
+ * children to be partly checked changes nothing, since its value follows its children.
  *
  * Nodes are addressed by key or by index: the 1-based position of the node in pre-order over the
  * whole tree (index 1 is the first root). Indices move when nodes are inserted before them.

@@ -1,0 +1,141 @@
+#include "widgets/clipboardpayload.h"
+
+#include <QtEndian>
+
+#include <cstring>
+
+namespace PickerCtl {
+
+namespace {
+
+constexpr char Magic[4] = {'P', 'C', 'F', 'D'};
+constexpr quint16 Version = 1;
+constexpr qsizetype HeaderSize = sizeof(Magic) + sizeof(quint16) + sizeof(quint32);
+// The smallest field record: its id and an empty key's length.
+constexpr qsizetype MinRecordSize = sizeof(qint32) + sizeof(quint32);
+
+template<class T>
+void append(QByteArray &bytes, T value)
+{
+    char buffer[sizeof(T)];
+    qToLittleEndian(value, buffer);
+    bytes.append(buffer, sizeof(T));
+}
+
+class Reader
+{
+public:
+    explicit Reader(const QByteArray &bytes)
+        : m_bytes(bytes)
+    {
+    }
+
+    qsizetype remaining() const { return m_bytes.size() - m_position; }
+
+    template<class T>
+    std::optional<T> read()
+    {
+        if (remaining() < qsizetype(sizeof(T)))
+            return std::nullopt;
+        const T value = qFromLittleEndian<T>(m_bytes.constData() + m_position);
+        m_position += sizeof(T);
+        return value;
+    }
+
+    bool skipMagic()
+    {
+        if (remaining() < qsizetype(sizeof(Magic))
+            || std::memcmp(m_bytes.constData() + m_position, Magic, sizeof(Magic)) != 0)
+            return false;
+        m_position += sizeof(Magic);
+        return true;
+    }
+
+    std::optional<QString> readUtf16(quint32 units)
+    {
+        if (quint64(units) * 2 > quint64(remaining()))
+            return std::nullopt;
+        QString text(qsizetype(units), Qt::Uninitialized);
+        for (quint32 i = 0; i < units; ++i)
+            text[i] = QChar(*read<quint16>());
+        return text;
+    }
+
+private:
+    const QByteArray &m_bytes;
+    qsizetype m_position = 0;
+};
+
+bool isWellFormedUtf16(const QString &text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (c.isHighSurrogate()) {
+            if (i + 1 >= text.size() || !text.at(i + 1).isLowSurrogate())
+                return false;
+            ++i;
+        } else if (c.isLowSurrogate()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+QByteArray encodeFieldPayload(const QList<FieldRef> &fields)
+{
+    QByteArray bytes;
+    bytes.reserve(HeaderSize + fields.size() * MinRecordSize);
+    bytes.append(Magic, sizeof(Magic));
+    append<quint16>(bytes, Version);
+    append<quint32>(bytes, quint32(fields.size()));
+    for (const FieldRef &field : fields) {
+        append<qint32>(bytes, field.id);
+        append<quint32>(bytes, quint32(field.key.size()));
+        for (const QChar c : field.key)
+            append<quint16>(bytes, c.unicode());
+    }
+    return bytes;
+}
+
+std::optional<QList<FieldRef>> decodeFieldPayload(const QByteArray &bytes)
+{
+    Reader reader(bytes);
+    if (!reader.skipMagic() || reader.read<quint16>() != Version)
+        return std::nullopt;
+    const std::optional<quint32> count = reader.read<quint32>();
+    if (!count || quint64(*count) * MinRecordSize > quint64(reader.remaining()))
+        return std::nullopt;
+
+    QList<FieldRef> fields;
+    fields.reserve(qsizetype(*count));
+    for (quint32 i = 0; i < *count; ++i) {
+        const std::optional<qint32> id = reader.read<qint32>();
+        const std::optional<quint32> length = reader.read<quint32>();
+        if (!id || !length)
+            return std::nullopt;
+        std::optional<QString> key = reader.readUtf16(*length);
+        if (!key || !isWellFormedUtf16(*key))
+            return std::nullopt;
+        fields.append(FieldRef{*id, std::move(*key)});
+    }
+    if (reader.remaining() != 0)
+        return std::nullopt;
+    return fields;
+}
+
+QString csvCell(const QString &text)
+{
+    static const QString Quote = QStringLiteral("\"");
+    const bool needsQuotes = text.contains(QLatin1Char(',')) || text.contains(Quote)
+                             || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'))
+                             || (!text.isEmpty() && (text.front().isSpace() || text.back().isSpace()));
+    if (!needsQuotes)
+        return text;
+    QString quoted = text;
+    quoted.replace(Quote, Quote + Quote);
+    return Quote + quoted + Quote;
+}
+
+} // namespace PickerCtl
