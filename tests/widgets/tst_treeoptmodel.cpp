@@ -1,0 +1,167 @@
+#include "widgets/treeoptmodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace PickerCtl;
+
+namespace {
+
+// Root "R" with children "A" (leaves "A1", "A2") and "B", "C": deep enough for propagation
+// across two levels.
+void buildTree(TreeOptModel &model)
+{
+    model.addNode(QStringLiteral("R"), QString(), QStringLiteral("Root"), 2, true, 0);
+    model.addNode(QStringLiteral("A"), QStringLiteral("R"), QStringLiteral("A"), 0, false, 0);
+    model.addNode(QStringLiteral("A1"), QStringLiteral("A"), QStringLiteral("A1"), 0, false, 0);
+    model.addNode(QStringLiteral("A2"), QStringLiteral("A"), QStringLiteral("A2"), 0, false, 0);
+    model.addNode(QStringLiteral("B"), QStringLiteral("R"), QStringLiteral("B"), 0, false, 0);
+    model.addNode(QStringLiteral("C"), QStringLiteral("R"), QStringLiteral("C"), 0, false, 0);
+}
+
+using Assignments = QList<QPair<QString, int>>;
+using Values = QHash<QString, int>;
+
+} // namespace
+
+class TreeOptModelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shouldStayConsistentUnderTheModelTester()
+    {
+        TreeOptModel model;
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        buildTree(model);
+        model.setCheckValue(model.indexOfKey(QStringLiteral("A1")), 1);
+        model.setCheckValue(model.indexOfKey(QStringLiteral("R")), 0);
+        model.addNode(QStringLiteral("D"), QStringLiteral("A"), QStringLiteral("D"), 0, false, 1);
+        model.clear();
+        buildTree(model);
+        QCOMPARE(model.nodeCount(), 6);
+    }
+
+    void shouldPropagateCheckValues_data()
+    {
+        QTest::addColumn<Assignments>("assignments");
+        QTest::addColumn<Values>("expected");
+
+        QTest::newRow("root checked ticks every node")
+            << Assignments{{"R", 1}} << Values{{"R", 1}, {"A", 1}, {"A1", 1}, {"A2", 1}, {"B", 1}, {"C", 1}};
+        QTest::newRow("root unchecked clears every node")
+            << Assignments{{"R", 1}, {"R", 0}} << Values{{"R", 0}, {"A", 0}, {"A1", 0}, {"B", 0}};
+        QTest::newRow("one leaf makes its ancestors partly")
+            << Assignments{{"A1", 1}} << Values{{"A1", 1}, {"A2", 0}, {"A", 2}, {"R", 2}};
+        QTest::newRow("last child ticked checks the parent")
+            << Assignments{{"A1", 1}, {"A2", 1}} << Values{{"A", 1}, {"R", 2}};
+        QTest::newRow("every leaf ticked checks the root")
+            << Assignments{{"A1", 1}, {"A2", 1}, {"B", 1}, {"C", 1}} << Values{{"A", 1}, {"R", 1}};
+        QTest::newRow("unticking a child of a full tree makes it partly")
+            << Assignments{{"R", 1}, {"A2", 0}} << Values{{"A", 2}, {"R", 2}, {"B", 1}};
+        QTest::newRow("unticking the last leaf clears the root")
+            << Assignments{{"B", 1}, {"B", 0}} << Values{{"R", 0}, {"A", 0}};
+        QTest::newRow("middle node set checks its subtree only")
+            << Assignments{{"A", 1}} << Values{{"A1", 1}, {"A2", 1}, {"B", 0}, {"R", 2}};
+        QTest::newRow("other values read as partly on a leaf")
+            << Assignments{{"B", 7}} << Values{{"B", 2}, {"R", 2}, {"A", 0}};
+        QTest::newRow("partly asked of a parent changes nothing")
+            << Assignments{{"A", 2}} << Values{{"A", 0}, {"A1", 0}, {"R", 0}};
+    }
+
+    void shouldPropagateCheckValues()
+    {
+        QFETCH(Assignments, assignments);
+        QFETCH(Values, expected);
+        // Given a fresh tree with every node unchecked
+        TreeOptModel model;
+        buildTree(model);
+        // When the values are set in order
+        for (const auto &[key, value] : assignments)
+            model.setCheckValue(model.indexOfKey(key), value);
+        // Then every listed node reads its expected value
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QCOMPARE(model.checkValue(model.indexOfKey(it.key())), it.value());
+    }
+
+    void shouldDeriveTheParentWhenChildrenAreAddedChecked()
+    {
+        TreeOptModel model;
+        model.addNode(QStringLiteral("R"), QString(), QStringLiteral("R"), 2, true, 0);
+        model.addNode(QStringLiteral("x"), QStringLiteral("R"), QStringLiteral("x"), 0, false, 1);
+        QCOMPARE(model.checkValue(model.indexOfKey(QStringLiteral("R"))), 1);
+        model.addNode(QStringLiteral("y"), QStringLiteral("R"), QStringLiteral("y"), 0, false, 0);
+        QCOMPARE(model.checkValue(model.indexOfKey(QStringLiteral("R"))), 2);
+    }
+
+    void shouldReportOneCheckChangePerCallWithTheKeyThatWasSet()
+    {
+        TreeOptModel model;
+        buildTree(model);
+        QSignalSpy changed(&model, &TreeOptModel::checkChanged);
+        QSignalSpy dataChanged(&model, &QAbstractItemModel::dataChanged);
+
+        model.setCheckValue(model.indexOfKey(QStringLiteral("R")), 1);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(0).toString(), QStringLiteral("R"));
+        QVERIFY(!dataChanged.isEmpty());
+
+        // Setting the value a node already has is no change at all.
+        model.setCheckValue(model.indexOfKey(QStringLiteral("A1")), 1);
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void shouldNumberNodesInPreorderFromOne()
+    {
+        TreeOptModel model;
+        buildTree(model);
+        // A node added under an earlier branch shifts the ones after it.
+        model.addNode(QStringLiteral("A3"), QStringLiteral("A"), QStringLiteral("A3"), 0, false, 0);
+        const QStringList preorder{"R", "A", "A1", "A2", "A3", "B", "C"};
+        for (int i = 0; i < preorder.size(); ++i) {
+            QCOMPARE(model.preorderIndex(model.indexOfKey(preorder[i])), i + 1);
+            QCOMPARE(model.key(model.indexAtPreorder(i + 1)), preorder[i]);
+        }
+        QVERIFY(!model.indexAtPreorder(0).isValid());
+        QVERIFY(!model.indexAtPreorder(8).isValid());
+    }
+
+    void shouldRefuseDuplicateKeysAndUnknownParents()
+    {
+        TreeOptModel model;
+        buildTree(model);
+        QVERIFY(!model.addNode(QStringLiteral("B"), QStringLiteral("R"), QStringLiteral("B"), 0, false, 0).isValid());
+        QVERIFY(!model.addNode(QStringLiteral("Z"), QStringLiteral("nope"), QStringLiteral("Z"), 0, false, 0).isValid());
+        QCOMPARE(model.nodeCount(), 6);
+    }
+
+    void shouldIgnoreUserChecksWhileNotUserCheckable()
+    {
+        TreeOptModel model;
+        buildTree(model);
+        const QModelIndex b = model.indexOfKey(QStringLiteral("B"));
+        model.setUserCheckable(false);
+        QVERIFY(!(model.flags(b) & Qt::ItemIsUserCheckable));
+        QVERIFY(!model.setData(b, Qt::Checked, Qt::CheckStateRole));
+        QCOMPARE(model.checkValue(b), 0);
+        QVERIFY(model.setCheckValue(b, 1));
+        QCOMPARE(model.data(b, Qt::CheckStateRole).value<Qt::CheckState>(), Qt::Checked);
+    }
+
+    void shouldHandleThousandsOfChildren()
+    {
+        TreeOptModel model;
+        model.addNode(QStringLiteral("R"), QString(), QStringLiteral("R"), 2, true, 0);
+        const int count = 3000;
+        for (int i = 0; i < count; ++i)
+            model.addNode(QString::number(i), QStringLiteral("R"), QString::number(i), 0, false, 1);
+        QCOMPARE(model.checkValue(model.indexOfKey(QStringLiteral("R"))), 1);
+        model.setCheckValue(model.indexOfKey(QString::number(count - 1)), 0);
+        QCOMPARE(model.checkValue(model.indexOfKey(QStringLiteral("R"))), 2);
+        QCOMPARE(model.preorderIndex(model.indexOfKey(QString::number(count - 1))), count + 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TreeOptModelTest)
+#include "tst_treeoptmodel.moc"
