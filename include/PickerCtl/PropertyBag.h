@@ -86,7 +86,7 @@ private:
 /**
  * Converts a stored value to a property's type. Supported targets and accepted sources:
  * - int (32-bit; enumerations and OLE colours): whole numbers in range, whole-valued reals, bools,
- *   decimal text, and a QColor (as its OLE colour 0x00BBGGRR);
+ *   decimal text, and a QColor or "#rrggbb" text (as its OLE colour 0x00BBGGRR);
  * - bool: bools, numbers (non-zero is true), the texts "true"/"false"/"1"/"0"/"-1" in any case;
  * - float and double: numbers and C-locale decimal text; NaN and infinities are refused;
  * - QString: text, numbers, bools, a QFont (its toString() form) and a QColor (its name);

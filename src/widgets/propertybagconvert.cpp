@@ -99,6 +99,11 @@ std::optional<qint32> int32Of(const QVariant &value)
 {
     if (value.metaType().id() == QMetaType::QColor)
         return toOleColor(value.value<QColor>());
+    // A colour a bag keeps as "#rrggbb" reads back as its OLE colour number.
+    if (isText(value) && textOf(value).startsWith(QLatin1Char('#'))) {
+        const QColor color = QColor::fromString(textOf(value).trimmed());
+        return color.isValid() ? std::optional<qint32>(toOleColor(color)) : std::nullopt;
+    }
     const std::optional<double> real = realOf(value);
     if (!real || std::trunc(*real) != *real || *real < std::numeric_limits<qint32>::min()
         || *real > std::numeric_limits<qint32>::max())
