@@ -56,6 +56,43 @@ public:
  * The in-memory catalogue. Built once through the add* calls (categories before their fields,
  * parents before children), then used through FieldCatalog. Strings that many fields share
  * (technology masks, type codes, units, descriptions) are stored once.
+ *
+ * Shape of an application's tree, as the sample catalogue builds it (one application, one tree):
+ * @code
+ *   root                 category with an empty parentKey (the catalogue root)
+ *   +- "Entities"        nodeKey "Entities": the entity root category ("Network"), then the
+ *   |                    entity hierarchy below it (region, controller, site, cell ...), each
+ *   |                    category with its EntityId
+ *   +- genericLabel()    nodeKey genericLabel(): a "Generic" category whose children are the
+ *                        built-in "SYSTEM" category and the other non-entity categories
+ * @endcode
+ * Node keys are unique in a tree and category keys in the catalogue; addCategory refuses a
+ * duplicate of either, a second root and an unknown parent with CatalogError.
+ * CategoryNodes::Find looks nodes up by node key, CategoryByKey categories by category key;
+ * FieldCategory::ParentKey is the parent's category key.
+ *
+ * Look-ups: GetCategory tries the exact FullName, then the exact Name (the first category in
+ * catalogue order with that name). GetField takes the id as a number or a numeric text and answers
+ * only for a field of the named application. CategoryTree::AllFields gives every field of the
+ * application in catalogue order (categories in pre-order, fields in insertion order inside); the
+ * same collection is handed out until fields or categories are added, and deletions are applied
+ * to it in place. A tree made by NewCategoryTree answers AllFields the same way.
+ *
+ * Field filters (Field::PassesFilter), beyond the rules documented on Field:
+ * - rcvFormFilter, when not empty, keeps the fields of categories whose RcvFormName equals it
+ *   and the fields that the RCV registry maps under that form (addRcvField).
+ * - rcvFieldFilter, when not empty, keeps only the field mapped as (rcvFormFilter, rcvFieldFilter);
+ *   with an empty rcvFormFilter that is the mapping under the empty form name.
+ *
+ * Changes: ChangeOwner takes a user id (CurrentUser::Identity) and throws CatalogError for an
+ * unknown user. DeleteFields leaves out the fields whose keys are in the exceptions and refuses,
+ * with CatalogError and nothing changed, when the current user (UserContext::instance()) is no
+ * administrator and any of the fields belongs to another user. Both ignore fields that are not
+ * (or no longer) in the catalogue, call the CatalogWriter first (a throwing writer leaves the
+ * catalogue unchanged), then apply the change and raise FieldUpdates::FieldsChange once per
+ * category (its EntityId, the fields of that category, Changed or Removed).
+ *
+ * Fields stay readable after the catalogue is destroyed; they keep its shared tables alive.
  */
 class PICKERCTL_EXPORT MemoryCatalog : public FieldCatalog
 {
@@ -63,6 +100,7 @@ public:
     MemoryCatalog();
     ~MemoryCatalog() override;
 
+    /// Adds a user; throws CatalogError on a duplicate id. Users() lists them in id order.
     void addUser(const UserSpec &user);
     void addTechnology(const QString &name, const QString &code, qint32 bit);
     void addFieldType(const QString &code, const QString &name);
@@ -70,14 +108,17 @@ public:
     void addApplication(const QString &appName);
     /// Adds a category of the last added application; throws CatalogError on a duplicate key.
     void addCategory(const CategorySpec &category);
-    /// Adds a field to a category of any application; throws CatalogError on a duplicate id.
+    /// Adds a field to a category of any application; throws CatalogError on a duplicate id or an
+    /// unknown category.
     void addField(const FieldSpec &field);
+    /// Prepares the field index for that many fields (a loader that knows its count).
     void reserveFields(qsizetype count);
     /// RCV registry content: form key -> category name, (form, field name) -> field id.
     void addRcvForm(const QString &formKey, const QString &categoryName);
     void addRcvField(const QString &form, const QString &fieldName, qint32 fieldId);
     /// An enumeration list for the property filter, addressed by the list-view properties' Title.
     void addEnumList(const QString &title, const QStringList &names, const QStringList &codes);
+    /// The store GetProperties hands out; without one, a MemoryPropertyStore made on first use.
     void setProperties(const PropertyStorePtr &store);
     void setWriter(const std::shared_ptr<CatalogWriter> &writer);
 

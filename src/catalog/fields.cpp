@@ -1,0 +1,135 @@
+#include <PickerCtl/Fields.h>
+
+namespace PickerCtl {
+
+namespace {
+// Look-ups by key find the first occurrence, so a later duplicate never replaces an entry.
+void indexFirstIn(QHash<QString, qsizetype> &index, const QString &key, qsizetype position)
+{
+    auto it = index.find(key);
+    if (it == index.end())
+        index.insert(key, position);
+}
+
+// A variant holding a number addresses by position; anything else is read as a key.
+bool isPosition(const QVariant &keyOrIndex, qsizetype &index)
+{
+    switch (keyOrIndex.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::Double:
+    case QMetaType::Float:
+        index = qsizetype(keyOrIndex.toLongLong());
+        return true;
+    default:
+        return false;
+    }
+}
+} // namespace
+
+Fields::Fields() = default;
+Fields::~Fields() = default;
+
+std::shared_ptr<Fields> Fields::create()
+{
+    return std::make_shared<Fields>();
+}
+
+void Fields::Add(const FieldPtr &field)
+{
+    m_items.push_back(field);
+    if (m_indexed && field)
+        indexFirstIn(m_index, field->Key(), size() - 1);
+}
+
+qint32 Fields::Count() const
+{
+    return qint32(m_items.size());
+}
+
+void Fields::Remove(const QVariant &keyOrIndex)
+{
+    qsizetype index = -1;
+    if (!isPosition(keyOrIndex, index))
+        index = indexOf(keyOrIndex.toString());
+    if (index >= 0 && index < size())
+        removeAt(index);
+}
+
+FieldPtr Fields::Item(const QVariant &keyOrIndex) const
+{
+    qsizetype index = -1;
+    if (!isPosition(keyOrIndex, index))
+        index = indexOf(keyOrIndex.toString());
+    return index >= 0 && index < size() ? m_items[size_t(index)] : nullptr;
+}
+
+qsizetype Fields::indexOf(const QString &key) const
+{
+    if (!m_indexed) {
+        m_index.clear();
+        m_index.reserve(size());
+        for (size_t i = 0; i < m_items.size(); ++i) {
+            if (m_items[i])
+                indexFirstIn(m_index, m_items[i]->Key(), qsizetype(i));
+        }
+        m_indexed = true;
+    }
+    return m_index.value(key, -1);
+}
+
+FieldPtr Fields::item(const QString &key) const
+{
+    const qsizetype index = indexOf(key);
+    return index >= 0 ? m_items[size_t(index)] : nullptr;
+}
+
+void Fields::reserve(qsizetype count)
+{
+    m_items.reserve(size_t(count));
+}
+
+void Fields::insert(qsizetype index, const FieldPtr &field)
+{
+    index = qBound<qsizetype>(0, index, size());
+    m_items.insert(m_items.begin() + index, field);
+    dropIndex();
+}
+
+void Fields::removeAt(qsizetype index)
+{
+    if (index < 0 || index >= size())
+        return;
+    m_items.erase(m_items.begin() + index);
+    dropIndex();
+}
+
+void Fields::move(qsizetype from, qsizetype to)
+{
+    if (from < 0 || from >= size() || to < 0 || to >= size() || from == to)
+        return;
+    FieldPtr moving = m_items[size_t(from)];
+    m_items.erase(m_items.begin() + from);
+    m_items.insert(m_items.begin() + to, std::move(moving));
+    dropIndex();
+}
+
+void Fields::clear()
+{
+    m_items.clear();
+    dropIndex();
+}
+
+void Fields::dropIndex()
+{
+    m_indexed = false;
+    m_index.clear();
+}
+
+} // namespace PickerCtl

@@ -1,0 +1,418 @@
+#include <PickerCtl/MemoryCatalog.h>
+
+#include "catalog/catalogtables.h"
+#include "catalog/memorycategory.h"
+#include "catalog/memoryfield.h"
+#include "catalog/memorypropertyfilter.h"
+#include "catalog/memoryrcvregistry.h"
+#include "catalog/memorytree.h"
+
+#include <PickerCtl/CatalogError.h>
+#include <PickerCtl/FixedUserContext.h>
+#include <PickerCtl/ListViewProperties.h>
+#include <PickerCtl/MemoryPropertyStore.h>
+#include <PickerCtl/Notifiers.h>
+
+#include <algorithm>
+#include <map>
+
+namespace PickerCtl {
+
+namespace {
+const QString kAllTechTypes = QStringLiteral("<All Tech Types>");
+const QString kAllFieldTypes = QStringLiteral("<All Field Types>");
+const QString kNoApplication = QStringLiteral("Add an application before its categories.");
+const QString kEmptyCategoryKey = QStringLiteral("The category \"%1\" has no key.");
+const QString kDuplicateCategory = QStringLiteral("The category key \"%1\" is used twice in the catalogue.");
+const QString kUnknownCategory = QStringLiteral("The field \"%1\" names the unknown category \"%2\".");
+const QString kDuplicateField = QStringLiteral("The field id %1 is used twice in the catalogue.");
+const QString kDuplicateUser = QStringLiteral("The user id %1 is used twice in the catalogue.");
+const QString kUnknownOwner = QStringLiteral("\"%1\" is not a user of the catalogue.");
+const QString kForeignField = QStringLiteral(
+    "'%1' belongs to another user and cannot be deleted: only an administrator may delete it.");
+} // namespace
+
+struct MemoryCatalog::Private
+{
+    struct Application
+    {
+        std::shared_ptr<ApplicationData> data;
+        std::shared_ptr<MemoryTree> tree;
+    };
+
+    std::shared_ptr<CatalogTables> tables = std::make_shared<CatalogTables>();
+    std::shared_ptr<FieldIndex> fieldIndex = std::make_shared<FieldIndex>();
+    std::vector<Application> applications;
+    QHash<QString, qsizetype> applicationIndex;
+    QHash<QString, std::shared_ptr<MemoryCategory>> categories;
+    std::vector<std::shared_ptr<MemoryCategory>> categoriesByIndex; ///< by MemoryCategory::index()
+    QHash<qint32, QString> entityKeys;
+    std::map<qint32, CurrentUserPtr> users;
+    QList<std::pair<QString, QString>> fieldTypes; ///< (code, name) in catalogue order
+    std::shared_ptr<MemoryRcvRegistry> rcvRegistry =
+        std::make_shared<MemoryRcvRegistry>(tables, fieldIndex);
+    std::shared_ptr<MemoryPropertyFilter> propertyFilter = std::make_shared<MemoryPropertyFilter>();
+    std::shared_ptr<TechnologyTypes> technologyTypes = std::make_shared<TechnologyTypes>();
+    PropertyStorePtr properties;
+    std::shared_ptr<CatalogWriter> writer;
+    std::shared_ptr<FieldUpdates> fieldUpdates;
+
+    const Application *application(const QString &name) const
+    {
+        const auto it = applicationIndex.constFind(name);
+        return it == applicationIndex.cend() ? nullptr : &applications[size_t(*it)];
+    }
+
+    /// The catalogue's own fields among those given, each once, in the given order.
+    std::vector<std::shared_ptr<MemoryField>> ownFields(const FieldsPtr &fields,
+                                                        const FieldsPtr &exceptions) const
+    {
+        std::vector<std::shared_ptr<MemoryField>> own;
+        if (!fields)
+            return own;
+        QSet<qint32> seen;
+        for (const FieldPtr &field : *fields) {
+            if (!field || (exceptions && exceptions->contains(field->Key())))
+                continue;
+            std::shared_ptr<MemoryField> mine = fieldIndex->byId.value(field->Id());
+            if (mine && !seen.contains(mine->Id())) {
+                seen.insert(mine->Id());
+                own.push_back(std::move(mine));
+            }
+        }
+        return own;
+    }
+
+    const std::shared_ptr<MemoryCategory> &categoryOf(const MemoryField &field) const
+    {
+        return categoriesByIndex[field.categoryIndex()];
+    }
+
+    void raisePerCategory(const std::vector<std::shared_ptr<MemoryField>> &fields, qint32 action);
+};
+
+namespace {
+QList<qint32> idsOf(const std::vector<std::shared_ptr<MemoryField>> &fields)
+{
+    QList<qint32> ids;
+    ids.reserve(qsizetype(fields.size()));
+    for (const auto &field : fields)
+        ids.append(field->Id());
+    return ids;
+}
+} // namespace
+
+MemoryCatalog::MemoryCatalog()
+    : d(std::make_unique<Private>())
+{
+}
+
+MemoryCatalog::~MemoryCatalog() = default;
+
+void MemoryCatalog::addUser(const UserSpec &user)
+{
+    if (d->users.count(user.id))
+        throw CatalogError(kDuplicateUser.arg(user.id));
+    d->users.emplace(user.id, std::make_shared<FixedUser>(user));
+    d->tables->userNames.insert(user.id, user.name);
+}
+
+void MemoryCatalog::addTechnology(const QString &name, const QString &code, qint32 bit)
+{
+    auto type = std::make_shared<TechnologyType>(name, code, bit);
+    d->technologyTypes->Add(type);
+    d->tables->technologies.Add(type);
+}
+
+void MemoryCatalog::addFieldType(const QString &code, const QString &name)
+{
+    d->fieldTypes.append({code, name});
+}
+
+void MemoryCatalog::addApplication(const QString &appName)
+{
+    if (d->applicationIndex.contains(appName))
+        return;
+    auto data = std::make_shared<ApplicationData>(appName);
+    auto tree = std::make_shared<MemoryTree>(data->nodes(), data);
+    d->applicationIndex.insert(appName, qsizetype(d->applications.size()));
+    d->applications.push_back({data, tree});
+}
+
+void MemoryCatalog::addCategory(const CategorySpec &spec)
+{
+    if (d->applications.empty())
+        throw CatalogError(kNoApplication);
+    if (spec.key.isEmpty())
+        throw CatalogError(kEmptyCategoryKey.arg(spec.name));
+    if (d->categories.contains(spec.key))
+        throw CatalogError(kDuplicateCategory.arg(spec.key));
+
+    const qsizetype appIndex = qsizetype(d->applications.size()) - 1;
+    ApplicationData &app = *d->applications.back().data;
+    const std::shared_ptr<MemoryNode> parentNode = app.nodes()->node(spec.parentKey);
+    auto parent = parentNode ? std::static_pointer_cast<MemoryCategory>(parentNode->Category()) : nullptr;
+    const quint32 index = quint32(d->tables->categories.size());
+    auto category = std::make_shared<MemoryCategory>(spec, parent, index, appIndex);
+    // The tree refuses duplicate node keys and unknown parents before anything is recorded.
+    app.nodes()->add(spec.nodeKey.isEmpty() ? spec.key : spec.nodeKey, category, spec.parentKey);
+
+    d->tables->categories.push_back({category->Name(), category->RcvFormName()});
+    d->categories.insert(spec.key, category);
+    d->categoriesByIndex.push_back(category);
+    if (!app.byFullName.contains(category->FullName()))
+        app.byFullName.insert(category->FullName(), category);
+    if (!app.byName.contains(category->Name()))
+        app.byName.insert(category->Name(), category);
+    if (spec.entityId != 0 && !d->entityKeys.contains(spec.entityId))
+        d->entityKeys.insert(spec.entityId, spec.key);
+    app.invalidate();
+}
+
+void MemoryCatalog::addField(const FieldSpec &spec)
+{
+    const std::shared_ptr<MemoryCategory> category = d->categories.value(spec.categoryKey);
+    if (!category)
+        throw CatalogError(kUnknownCategory.arg(spec.name, spec.categoryKey));
+    if (d->fieldIndex->byId.contains(spec.id))
+        throw CatalogError(kDuplicateField.arg(spec.id));
+    auto field = std::make_shared<MemoryField>(d->tables, category->index(), spec);
+    category->Fields()->Add(field);
+    d->fieldIndex->byId.insert(spec.id, field);
+    d->applications[size_t(category->appIndex())].data->invalidate();
+}
+
+void MemoryCatalog::reserveFields(qsizetype count)
+{
+    d->fieldIndex->byId.reserve(count);
+}
+
+void MemoryCatalog::addRcvForm(const QString &formKey, const QString &categoryName)
+{
+    d->rcvRegistry->addForm(formKey, categoryName);
+}
+
+void MemoryCatalog::addRcvField(const QString &form, const QString &fieldName, qint32 fieldId)
+{
+    d->tables->rcvFields[form].insert(fieldName, fieldId);
+    d->tables->rcvFieldIds[form].insert(fieldId);
+}
+
+void MemoryCatalog::addEnumList(const QString &title, const QStringList &names, const QStringList &codes)
+{
+    d->propertyFilter->addList(title, names, codes);
+}
+
+void MemoryCatalog::setProperties(const PropertyStorePtr &store)
+{
+    d->properties = store;
+}
+
+void MemoryCatalog::setWriter(const std::shared_ptr<CatalogWriter> &writer)
+{
+    d->writer = writer;
+}
+
+CategoryTreePtr MemoryCatalog::GetCategoryTree(const QString &appName)
+{
+    const Private::Application *app = d->application(appName);
+    if (!app)
+        return std::make_shared<MemoryTree>(std::make_shared<MemoryNodes>(), nullptr);
+    return app->tree;
+}
+
+QString MemoryCatalog::GetEntityKey(qint32 entityId)
+{
+    return d->entityKeys.value(entityId);
+}
+
+FieldCategoryPtr MemoryCatalog::GetCategory(const QString &appName, const QString &categoryName)
+{
+    const Private::Application *app = d->application(appName);
+    if (!app)
+        return nullptr;
+    if (FieldCategoryPtr byFullName = app->data->byFullName.value(categoryName))
+        return byFullName;
+    return app->data->byName.value(categoryName);
+}
+
+FieldPtr MemoryCatalog::GetField(const QString &appName, const QVariant &id, qint32 /*reserved*/)
+{
+    bool isNumber = false;
+    const qint32 fieldId = id.toInt(&isNumber);
+    if (!isNumber)
+        return nullptr;
+    const std::shared_ptr<MemoryField> field = d->fieldIndex->byId.value(fieldId);
+    if (!field)
+        return nullptr;
+    const Private::Application *app = d->application(appName);
+    if (!app || d->applications[size_t(d->categoryOf(*field)->appIndex())].data != app->data)
+        return nullptr;
+    return field;
+}
+
+void MemoryCatalog::ChangeOwner(const FieldsPtr &fields, const QVariant &owner)
+{
+    bool isNumber = false;
+    const qint32 ownerId = owner.toInt(&isNumber);
+    if (!isNumber || !d->users.count(ownerId))
+        throw CatalogError(kUnknownOwner.arg(owner.toString()));
+    const std::vector<std::shared_ptr<MemoryField>> changing = d->ownFields(fields, nullptr);
+    if (changing.empty())
+        return;
+    if (d->writer)
+        d->writer->changeOwner(idsOf(changing), ownerId);
+    for (const auto &field : changing)
+        field->setOwnerId(ownerId);
+    d->raisePerCategory(changing, FieldUpdates::Changed);
+}
+
+void MemoryCatalog::DeleteFields(const FieldsPtr &fields, const FieldsPtr &exceptions)
+{
+    const std::vector<std::shared_ptr<MemoryField>> deleting = d->ownFields(fields, exceptions);
+    if (deleting.empty())
+        return;
+
+    // The catalogue keeps the ownership rule itself, whatever a control asked the user before.
+    const CurrentUserPtr user = UserContext::instance()->CurrentUser();
+    if (!user || !user->IsAdministrator()) {
+        for (const auto &field : deleting) {
+            if (!user || field->OwnerId() != user->UserId())
+                throw CatalogError(kForeignField.arg(field->Name()));
+        }
+    }
+
+    if (d->writer)
+        d->writer->deleteFields(idsOf(deleting));
+
+    QSet<const Field *> removed;
+    removed.reserve(qsizetype(deleting.size()));
+    QSet<qsizetype> touchedApplications;
+    QList<MemoryCategory *> touchedCategories;
+    for (const auto &field : deleting) {
+        removed.insert(field.get());
+        d->fieldIndex->byId.remove(field->Id());
+        MemoryCategory *category = d->categoryOf(*field).get();
+        if (!touchedCategories.contains(category))
+            touchedCategories.append(category);
+        touchedApplications.insert(category->appIndex());
+    }
+    for (MemoryCategory *category : touchedCategories)
+        removeFieldsInPlace(*category->Fields(), removed);
+    for (qsizetype appIndex : touchedApplications)
+        d->applications[size_t(appIndex)].data->removeFields(removed);
+    d->raisePerCategory(deleting, FieldUpdates::Removed);
+}
+
+void MemoryCatalog::Private::raisePerCategory(const std::vector<std::shared_ptr<MemoryField>> &fields,
+                                              qint32 action)
+{
+    if (!fieldUpdates)
+        return; // nobody has asked for the notifier, so nobody listens
+    std::vector<std::pair<MemoryCategory *, FieldsPtr>> groups;
+    for (const auto &field : fields) {
+        MemoryCategory *category = categoryOf(*field).get();
+        auto group = std::find_if(groups.begin(), groups.end(),
+                                  [category](const auto &g) { return g.first == category; });
+        if (group == groups.end())
+            group = groups.insert(groups.end(), {category, Fields::create()});
+        group->second->Add(field);
+    }
+    for (const auto &[category, changed] : groups)
+        fieldUpdates->RaiseFieldsChange(category->EntityId(), changed, action);
+}
+
+CategoryTreePtr MemoryCatalog::NewCategoryTree(const QString &appName)
+{
+    const Private::Application *app = d->application(appName);
+    return std::make_shared<MemoryTree>(std::make_shared<MemoryNodes>(), app ? app->data : nullptr);
+}
+
+QStringList MemoryCatalog::Applications()
+{
+    QStringList names;
+    for (const Private::Application &app : d->applications)
+        names.append(app.data->name());
+    return names;
+}
+
+QList<FieldCategoryPtr> MemoryCatalog::Categories(const QString &appName)
+{
+    const Private::Application *app = d->application(appName);
+    return app ? app->data->categories() : QList<FieldCategoryPtr>();
+}
+
+TechnologyTypesPtr MemoryCatalog::GetTechnologyTypes()
+{
+    return d->technologyTypes;
+}
+
+QStringList MemoryCatalog::TechnologyComboEntries()
+{
+    QStringList entries{kAllTechTypes};
+    for (const TechnologyTypePtr &type : *d->technologyTypes)
+        entries.append(type->Name());
+    return entries;
+}
+
+QStringList MemoryCatalog::FieldTypeComboEntries(const QString & /*appName*/)
+{
+    QStringList entries{kAllFieldTypes};
+    for (const auto &[code, name] : d->fieldTypes)
+        entries.append(name);
+    return entries;
+}
+
+QString MemoryCatalog::FieldTypeCode(const QString & /*appName*/, const QString &fieldTypeName)
+{
+    for (const auto &[code, name] : d->fieldTypes) {
+        if (name == fieldTypeName)
+            return code;
+    }
+    return QString();
+}
+
+RcvRegistryPtr MemoryCatalog::GetRcvRegistry()
+{
+    return d->rcvRegistry;
+}
+
+FieldClipDataPtr MemoryCatalog::NewClipData(bool /*primary*/)
+{
+    return std::make_shared<FieldClipData>();
+}
+
+PropertyStorePtr MemoryCatalog::GetProperties()
+{
+    if (!d->properties)
+        d->properties = std::make_shared<MemoryPropertyStore>();
+    return d->properties;
+}
+
+std::shared_ptr<ListViewProperties> MemoryCatalog::NewListProperties()
+{
+    return std::make_shared<ListViewProperties>();
+}
+
+PropertyFilterPtr MemoryCatalog::GetPropertyFilter()
+{
+    return d->propertyFilter;
+}
+
+std::shared_ptr<FieldUpdates> MemoryCatalog::GetFieldUpdates()
+{
+    if (!d->fieldUpdates)
+        d->fieldUpdates = std::make_shared<FieldUpdates>();
+    return d->fieldUpdates;
+}
+
+QList<CurrentUserPtr> MemoryCatalog::Users()
+{
+    QList<CurrentUserPtr> users;
+    users.reserve(qsizetype(d->users.size()));
+    for (const auto &[id, user] : d->users)
+        users.append(user);
+    return users;
+}
+
+} // namespace PickerCtl

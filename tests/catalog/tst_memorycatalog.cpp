@@ -1,0 +1,323 @@
+#include "catalog_test_helpers.h"
+
+#include <PickerCtl/CatalogError.h>
+#include <PickerCtl/FixedUserContext.h>
+#include <PickerCtl/Notifiers.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace PickerCtl;
+using namespace PickerCtl::test;
+
+namespace {
+
+QStringList namesOf(const FieldsPtr &fields)
+{
+    QStringList names;
+    for (const FieldPtr &field : *fields)
+        names.append(field->Name());
+    return names;
+}
+
+QStringList childKeys(const CategoryNodePtr &node)
+{
+    QStringList keys;
+    for (CategoryNodePtr child = node->FirstChild(); child; child = child->NextSibling())
+        keys.append(child->Key());
+    return keys;
+}
+
+void logIn(qint32 id, bool administrator)
+{
+    UserContext::setInstance(std::make_shared<FixedUserContext>(
+        std::make_shared<FixedUser>(UserSpec{id, QStringLiteral("user"), administrator})));
+}
+
+/// Refuses every change, as a store that has gone read-only would.
+class FailingWriter : public CatalogWriter
+{
+public:
+    void changeOwner(const QList<qint32> &, qint32) override { throw CatalogError(QStringLiteral("store is read-only")); }
+    void deleteFields(const QList<qint32> &) override { throw CatalogError(QStringLiteral("store is read-only")); }
+};
+
+class RecordingWriter : public CatalogWriter
+{
+public:
+    void changeOwner(const QList<qint32> &ids, qint32 owner) override { ownerIds = ids; newOwner = owner; }
+    void deleteFields(const QList<qint32> &ids) override { deletedIds = ids; }
+    QList<qint32> ownerIds;
+    qint32 newOwner = 0;
+    QList<qint32> deletedIds;
+};
+
+} // namespace
+
+class TestMemoryCatalog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { UserContext::setInstance(nullptr); }
+
+    void shouldBuildTheSampleShapeWithEntityAndGenericBranches()
+    {
+        auto catalog = sampleCatalog();
+        const auto nodes = catalog->GetCategoryTree(sample::App)->Nodes();
+
+        QCOMPARE(nodes->Root()->Key(), QStringLiteral("ROOT"));
+        QCOMPARE(childKeys(nodes->Root()), (QStringList{QStringLiteral("Entities"), genericLabel()}));
+        QCOMPARE(childKeys(nodes->Find(genericLabel())), (QStringList{QStringLiteral("SYS"), QStringLiteral("TRF")}));
+        QCOMPARE(nodes->Find(QStringLiteral("Entities"))->Category()->Name(), QStringLiteral("Network"));
+        QCOMPARE(genericLabel(), QStringLiteral("Generic Categories"));
+    }
+
+    void shouldFindNodesByNodeKeyAndCategoriesByCategoryKey()
+    {
+        auto catalog = sampleCatalog();
+        const auto nodes = catalog->GetCategoryTree(sample::App)->Nodes();
+
+        // The entity branch's node is keyed "Entities"; its category keeps its own key.
+        QVERIFY(nodes->Find(QStringLiteral("NET")) == nullptr);
+        QCOMPARE(nodes->CategoryByKey(QStringLiteral("NET"))->Name(), QStringLiteral("Network"));
+        QVERIFY(nodes->CategoryByKey(QStringLiteral("Entities")) == nullptr);
+        QCOMPARE(nodes->CategoryByKey(QStringLiteral("REG"))->ParentKey(), QStringLiteral("NET"));
+        QVERIFY(nodes->Find(QStringLiteral("CELL"), QStringLiteral("REG")) != nullptr);
+        QVERIFY(nodes->Find(QStringLiteral("CELL"), QStringLiteral("ROOT")) == nullptr);
+    }
+
+    void shouldResolveCategoryNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("expectedKey");
+        QTest::newRow("full name") << QStringLiteral("Catalogue\\Network\\Region\\Cell") << QStringLiteral("CELL");
+        QTest::newRow("name") << QStringLiteral("Region") << QStringLiteral("REG");
+        QTest::newRow("name differs in case") << QStringLiteral("region") << QString();
+        QTest::newRow("unknown") << QStringLiteral("Nowhere") << QString();
+        QTest::newRow("empty") << QString() << QString();
+    }
+
+    void shouldResolveCategoryNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, expectedKey);
+        auto catalog = sampleCatalog();
+        const FieldCategoryPtr category = catalog->GetCategory(sample::App, name);
+        QCOMPARE(category ? category->Key() : QString(), expectedKey);
+        QVERIFY(catalog->GetCategory(QStringLiteral("Other"), name) == nullptr);
+    }
+
+    void shouldPreferFullNameOverAnotherCategorysName()
+    {
+        // Given a category whose Name equals another category's FullName
+        auto catalog = sampleCatalog();
+        CategorySpec clash;
+        clash.key = QStringLiteral("CLASH");
+        clash.parentKey = QStringLiteral("TRF");
+        clash.name = QStringLiteral("Catalogue\\Generic\\Traffic");
+        catalog->addCategory(clash);
+
+        QCOMPARE(catalog->GetCategory(sample::App, clash.name)->Key(), QStringLiteral("TRF"));
+    }
+
+    void shouldRefuseBadCategories_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("parentKey");
+        QTest::addColumn<QString>("nodeKey");
+        QTest::newRow("duplicate category key") << QStringLiteral("REG") << QStringLiteral("ROOT") << QString();
+        QTest::newRow("duplicate node key") << QStringLiteral("NEW") << QStringLiteral("ROOT") << QStringLiteral("Entities");
+        QTest::newRow("node key equals a category key") << QStringLiteral("NEW") << QStringLiteral("ROOT") << QStringLiteral("CELL");
+        QTest::newRow("second root") << QStringLiteral("NEW") << QString() << QString();
+        QTest::newRow("unknown parent") << QStringLiteral("NEW") << QStringLiteral("NOPE") << QString();
+        QTest::newRow("empty key") << QString() << QStringLiteral("ROOT") << QString();
+    }
+
+    void shouldRefuseBadCategories()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, parentKey);
+        QFETCH(QString, nodeKey);
+        auto catalog = sampleCatalog();
+        const qsizetype before = catalog->Categories(sample::App).size();
+        CategorySpec spec;
+        spec.key = key;
+        spec.parentKey = parentKey;
+        spec.nodeKey = nodeKey;
+        spec.name = QStringLiteral("New");
+
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->addCategory(spec));
+        QCOMPARE(catalog->Categories(sample::App).size(), before);
+    }
+
+    void shouldListAllFieldsInCatalogueOrderAndShareTheList()
+    {
+        auto catalog = sampleCatalog();
+        const auto tree = catalog->GetCategoryTree(sample::App);
+
+        // Pre-order: Network > Region > Cell, then Generic > SYSTEM, Traffic.
+        QCOMPARE(namesOf(tree->AllFields(0)),
+                 (QStringList{QStringLiteral("Alice's UDC"), QStringLiteral("Call Attempts"),
+                              QStringLiteral("Drop Rate [%]"), QStringLiteral("Handover Success"),
+                              QStringLiteral("Bob's UDC"), QStringLiteral("Erlang")}));
+        QCOMPARE(tree->AllFields(0), tree->AllFields(0));
+        QCOMPARE(catalog->NewCategoryTree(sample::App)->AllFields(0), tree->AllFields(0));
+    }
+
+    void shouldBuildASingleBranchTree()
+    {
+        auto catalog = sampleCatalog();
+        const auto full = catalog->GetCategoryTree(sample::App)->Nodes();
+        const auto branch = catalog->NewCategoryTree(sample::App);
+
+        branch->Add(full->CategoryByKey(QStringLiteral("REG")), QString());
+        branch->Add(full->CategoryByKey(QStringLiteral("CELL")), QStringLiteral("REG"));
+
+        QCOMPARE(branch->Nodes()->Root()->Key(), QStringLiteral("REG"));
+        QCOMPARE(childKeys(branch->Nodes()->Root()), QStringList{QStringLiteral("CELL")});
+        QVERIFY_THROWS_EXCEPTION(CatalogError,
+                                 branch->Add(full->CategoryByKey(QStringLiteral("CELL")), QStringLiteral("REG")));
+    }
+
+    void shouldFindFieldsByIdOnlyInTheirApplication_data()
+    {
+        QTest::addColumn<QString>("app");
+        QTest::addColumn<QVariant>("id");
+        QTest::addColumn<QString>("expectedName");
+        QTest::newRow("number") << sample::App << QVariant(13) << QStringLiteral("Erlang");
+        QTest::newRow("numeric text") << sample::App << QVariant(QStringLiteral("13")) << QStringLiteral("Erlang");
+        QTest::newRow("unknown id") << sample::App << QVariant(99) << QString();
+        QTest::newRow("not a number") << sample::App << QVariant(QStringLiteral("F13")) << QString();
+        QTest::newRow("other application") << QStringLiteral("Other") << QVariant(13) << QString();
+    }
+
+    void shouldFindFieldsByIdOnlyInTheirApplication()
+    {
+        QFETCH(QString, app);
+        QFETCH(QVariant, id);
+        QFETCH(QString, expectedName);
+        auto catalog = sampleCatalog();
+        catalog->addApplication(QStringLiteral("Other"));
+        const FieldPtr field = catalog->GetField(app, id, 0);
+        QCOMPARE(field ? field->Name() : QString(), expectedName);
+    }
+
+    void shouldDeleteFieldsExceptTheExceptionsAndTellPerCategory()
+    {
+        // Given an administrator deleting three fields of two categories, one of them excepted
+        logIn(sample::Admin, true);
+        auto catalog = sampleCatalog();
+        auto writer = std::make_shared<RecordingWriter>();
+        catalog->setWriter(writer);
+        const auto all = catalog->GetCategoryTree(sample::App)->AllFields(0);
+        QSignalSpy changes(catalog->GetFieldUpdates().get(), &FieldUpdates::FieldsChange);
+        auto doomed = Fields::create();
+        for (int id : {10, 12, 11})
+            doomed->Add(catalog->GetField(sample::App, id));
+        auto exceptions = Fields::create();
+        exceptions->Add(catalog->GetField(sample::App, 11));
+
+        // When
+        catalog->DeleteFields(doomed, exceptions);
+
+        // Then the writer, the categories, the shared AllFields and the notifier all agree
+        QCOMPARE(writer->deletedIds, (QList<qint32>{10, 12}));
+        QCOMPARE(catalog->GetCategoryTree(sample::App)->AllFields(0), all);
+        QCOMPARE(namesOf(all), (QStringList{QStringLiteral("Drop Rate [%]"), QStringLiteral("Handover Success"),
+                                            QStringLiteral("Bob's UDC"), QStringLiteral("Erlang")}));
+        QVERIFY(catalog->GetField(sample::App, 10) == nullptr);
+        QCOMPARE(namesOf(catalog->GetCategory(sample::App, QStringLiteral("Cell"))->Fields()),
+                 (QStringList{QStringLiteral("Drop Rate [%]"), QStringLiteral("Handover Success")}));
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(changes[0][0].toInt(), 3); // Cell's entity
+        QCOMPARE(namesOf(changes[0][1].value<FieldsPtr>()), QStringList{QStringLiteral("Call Attempts")});
+        QCOMPARE(changes[0][2].toInt(), qint32(FieldUpdates::Removed));
+        QCOMPARE(changes[1][0].toInt(), 2); // Region's entity
+    }
+
+    void shouldRefuseAForeignFieldToANonAdministratorAndChangeNothing()
+    {
+        // Given Alice, who owns field 12 but not field 14
+        logIn(sample::Alice, false);
+        auto catalog = sampleCatalog();
+        auto writer = std::make_shared<RecordingWriter>();
+        catalog->setWriter(writer);
+        auto doomed = Fields::create();
+        doomed->Add(catalog->GetField(sample::App, 12));
+        doomed->Add(catalog->GetField(sample::App, 14));
+
+        try {
+            catalog->DeleteFields(doomed, nullptr);
+            QFAIL("a foreign field was deleted");
+        } catch (const CatalogError &error) {
+            QVERIFY2(error.message().contains(QStringLiteral("'Bob's UDC'")), qPrintable(error.message()));
+        }
+        QVERIFY(writer->deletedIds.isEmpty());
+        QVERIFY(catalog->GetField(sample::App, 12) != nullptr);
+        QCOMPARE(catalog->GetCategoryTree(sample::App)->AllFields(0)->Count(), 6);
+
+        // Her own field alone goes
+        doomed->Remove(QStringLiteral("F14"));
+        catalog->DeleteFields(doomed, nullptr);
+        QVERIFY(catalog->GetField(sample::App, 12) == nullptr);
+    }
+
+    void shouldLeaveTheCatalogueAloneWhenTheWriterFails()
+    {
+        logIn(sample::Admin, true);
+        auto catalog = sampleCatalog();
+        catalog->setWriter(std::make_shared<FailingWriter>());
+        auto some = Fields::create();
+        some->Add(catalog->GetField(sample::App, 14));
+
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->DeleteFields(some, nullptr));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, sample::Alice));
+        QCOMPARE(catalog->GetField(sample::App, 14)->OwnerId(), sample::Bob);
+    }
+
+    void shouldChangeOwnerToAKnownUserOnly()
+    {
+        auto catalog = sampleCatalog();
+        auto writer = std::make_shared<RecordingWriter>();
+        catalog->setWriter(writer);
+        auto some = Fields::create();
+        some->Add(catalog->GetField(sample::App, 14));
+        some->Add(catalog->GetField(sample::App, 13));
+        const CurrentUserPtr alice = catalog->Users().at(1);
+
+        catalog->ChangeOwner(some, alice->Identity());
+
+        QCOMPARE(writer->ownerIds, (QList<qint32>{14, 13}));
+        QCOMPARE(writer->newOwner, sample::Alice);
+        QCOMPARE(catalog->GetField(sample::App, 14)->OwnerName(), QStringLiteral("Alice"));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, 42));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, QStringLiteral("Alice")));
+        QCOMPARE(catalog->GetField(sample::App, 13)->OwnerId(), sample::Alice);
+    }
+
+    void shouldOfferComboEntriesAndMapFieldTypeNamesBack()
+    {
+        auto catalog = sampleCatalog();
+        QCOMPARE(catalog->TechnologyComboEntries(),
+                 (QStringList{QStringLiteral("<All Tech Types>"), QStringLiteral("GSM"), QStringLiteral("UMTS"), QStringLiteral("LTE")}));
+        QCOMPARE(catalog->FieldTypeComboEntries(sample::App).first(), QStringLiteral("<All Field Types>"));
+        QCOMPARE(catalog->FieldTypeCode(sample::App, QStringLiteral("User-Defined Calculation")), QStringLiteral("UDC"));
+        QCOMPARE(catalog->FieldTypeCode(sample::App, QStringLiteral("<All Field Types>")), QString());
+    }
+
+    void shouldKeepFieldsReadableAfterTheCatalogueIsGone()
+    {
+        FieldPtr kept;
+        {
+            auto catalog = sampleCatalog();
+            kept = catalog->GetField(sample::App, 14);
+        }
+        QCOMPARE(kept->CategoryName(), QStringLiteral("SYSTEM"));
+        QCOMPARE(kept->OwnerName(), QStringLiteral("Bob"));
+        QCOMPARE(kept->Key(), QStringLiteral("F14"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMemoryCatalog)
+#include "tst_memorycatalog.moc"
