@@ -224,13 +224,15 @@ void FieldListModel::sort(int column, Qt::SortOrder order)
             return ascending ? ids[size_t(a)] < ids[size_t(b)] : ids[size_t(b)] < ids[size_t(a)];
         });
     } else {
-        // Collation keys are computed once per row, so the n log n comparisons are plain byte compares.
+        // Collation keys are computed once per row, so the n log n comparisons are plain byte
+        // compares. The text is case-folded first: not every collation back end honours
+        // case-insensitivity (the C locale's does not).
         QCollator collator;
         collator.setCaseSensitivity(Qt::CaseInsensitive);
         std::vector<QCollatorSortKey> keys;
         keys.reserve(size_t(count));
         for (int i = 0; i < count; ++i)
-            keys.push_back(collator.sortKey(cellText(*m_fields->at(i), column)));
+            keys.push_back(collator.sortKey(cellText(*m_fields->at(i), column).toCaseFolded()));
         std::stable_sort(rows.begin(), rows.end(), [&keys, ascending](int a, int b) {
             return ascending ? keys[size_t(a)].compare(keys[size_t(b)]) < 0
                              : keys[size_t(b)].compare(keys[size_t(a)]) < 0;

@@ -1,0 +1,156 @@
+#include "staticlist_testfields.h"
+#include "widgets/fieldlistmodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace PickerCtl;
+
+class TestFieldListModel : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QString shownNames(const FieldListModel &model)
+    {
+        QString names;
+        for (int row = 0; row < model.rowCount(); ++row)
+            names += model.index(row, FieldListModel::NameColumn).data().toString();
+        return names;
+    }
+
+private Q_SLOTS:
+    void shouldStayConsistentThroughEveryChange()
+    {
+        // Given a model watched by the tester
+        FieldListModel model;
+        model.setTechnologyNamer([](const QString &mask) { return mask; });
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        auto fields = testFields("DBCA");
+        model.setFields(fields);
+
+        // When it is sorted, appended to, trimmed, unsorted and reordered
+        model.sort(FieldListModel::NameColumn, Qt::AscendingOrder);
+        QCOMPARE(shownNames(model), QStringLiteral("ABCD"));
+        model.appendFields({std::make_shared<StaticListTestField>(9, QStringLiteral("E"))});
+        model.removeSourceRow(1);
+        model.clearSort();
+        QVERIFY(model.moveRowBy(0, 1));
+        QVERIFY(model.moveRowBy(2, -1));
+        model.setFields(nullptr);
+
+        // Then the tester found nothing wrong
+        QCOMPARE(model.rowCount(), 0);
+    }
+
+    void shouldSortWithoutReorderingTheCollection_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<Qt::SortOrder>("order");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("name ascending") << int(FieldListModel::NameColumn) << Qt::AscendingOrder << "abCD";
+        QTest::newRow("name descending") << int(FieldListModel::NameColumn) << Qt::DescendingOrder << "DCba";
+        QTest::newRow("id descending") << int(FieldListModel::IdColumn) << Qt::DescendingOrder << "bCaD";
+    }
+
+    void shouldSortWithoutReorderingTheCollection()
+    {
+        QFETCH(int, column);
+        QFETCH(Qt::SortOrder, order);
+        QFETCH(QString, expected);
+        FieldListModel model;
+        auto fields = testFields("DaCb");
+        model.setFields(fields);
+
+        model.sort(column, order);
+
+        QCOMPARE(shownNames(model), expected);
+        QCOMPARE(namesOf(fields), QStringLiteral("DaCb"));
+        model.clearSort();
+        QCOMPARE(shownNames(model), QStringLiteral("DaCb"));
+    }
+
+    void shouldIgnoreSortWhileSortingIsDisabled()
+    {
+        // A template's order is its report order: a disabled model never reorders itself.
+        FieldListModel model;
+        model.setFields(testFields("CBA"));
+        model.setSortingEnabled(false);
+        model.sort(FieldListModel::NameColumn);
+        QCOMPARE(shownNames(model), QStringLiteral("CBA"));
+        QVERIFY(!model.isSorted());
+    }
+
+    void shouldShowAppendedRowsLastWhileSorted()
+    {
+        FieldListModel model;
+        auto fields = testFields("CA");
+        model.setFields(fields);
+        model.sort(FieldListModel::NameColumn);
+        QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+
+        model.appendFields({std::make_shared<StaticListTestField>(7, QStringLiteral("B"))});
+
+        QCOMPARE(inserted.count(), 1);
+        QCOMPARE(shownNames(model), QStringLiteral("ACB"));
+        QCOMPARE(model.viewRow(2), 2);
+        QCOMPARE(model.sourceRow(0), 1);
+    }
+
+    void shouldDescribeCellsByKind_data()
+    {
+        QTest::addColumn<QString>("typeCode");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("typeText");
+        QTest::addColumn<QString>("statusText");
+        QTest::newRow("counter") << "CNT" << "V" << "Counter" << "";
+        QTest::newRow("valid expression") << "EXP" << "V" << "Expression" << "Valid";
+        QTest::newRow("udc not validated") << "UDC" << "N" << "UDC" << "Not validated";
+        QTest::newRow("unknown code shown as is") << "XYZ" << "" << "XYZ" << "Not validated";
+    }
+
+    void shouldDescribeCellsByKind()
+    {
+        QFETCH(QString, typeCode);
+        QFETCH(QString, status);
+        FieldListModel model;
+        auto field = std::make_shared<StaticListTestField>(1, QStringLiteral("n"), QString(), typeCode);
+        field->m_status = status;
+        auto fields = Fields::create();
+        fields->Add(field);
+        model.setFields(fields);
+
+        QTEST(model.index(0, FieldListModel::TypeColumn).data().toString(), "typeText");
+        QTEST(model.index(0, FieldListModel::StatusColumn).data().toString(), "statusText");
+        QCOMPARE(model.index(0, 0).data(FieldListModel::FieldRole).value<FieldPtr>(), FieldPtr(field));
+        QVERIFY(!model.index(0, 0).data(Qt::DecorationRole).value<QIcon>().isNull());
+    }
+
+    void shouldNameTechnologiesOncePerMask()
+    {
+        FieldListModel model;
+        int calls = 0;
+        model.setTechnologyNamer([&calls](const QString &mask) {
+            ++calls;
+            return mask + QStringLiteral("-names");
+        });
+        model.setFields(testFields("ABCD"));
+        for (int row = 0; row < model.rowCount(); ++row)
+            QCOMPARE(model.index(row, FieldListModel::TechnologyColumn).data().toString(), QStringLiteral("G-names"));
+        QCOMPARE(calls, 1);
+    }
+
+    void shouldKeepColumnIdsStable()
+    {
+        const QStringList ids{"name", "category", "type", "technology", "owner", "id", "description", "unit", "status"};
+        for (int column = 0; column < FieldListModel::ColumnCount; ++column) {
+            QCOMPARE(FieldListModel::columnId(column), ids.at(column));
+            QCOMPARE(FieldListModel::columnFromId(ids.at(column)), column);
+        }
+        QCOMPARE(FieldListModel::columnFromId(QStringLiteral("Name")), -1);
+    }
+};
+
+QTEST_MAIN(TestFieldListModel)
+#include "tst_fieldlistmodel.moc"
