@@ -1,0 +1,153 @@
+#include "catalog_test_helpers.h"
+
+#include "catalog/qtwaitcursor.h"
+
+#include <PickerCtl/CatalogError.h>
+#include <PickerCtl/MessageService.h>
+#include <PickerCtl/OwnerPicker.h>
+#include <PickerCtl/testing/CursorLog.h>
+
+#include <QTest>
+
+#include <thread>
+
+using namespace PickerCtl;
+using namespace PickerCtl::test;
+
+namespace {
+struct Instances
+{
+    const void *catalog = nullptr;
+    const void *services = nullptr;
+    const void *user = nullptr;
+    const void *messages = nullptr;
+    const void *picker = nullptr;
+};
+
+Instances current()
+{
+    return {FieldCatalog::instance().get(), AppServices::instance().get(), UserContext::instance().get(),
+            MessageService::instance().get(), OwnerPicker::instance().get()};
+}
+
+Instances onAnotherThread()
+{
+    Instances seen;
+    std::thread worker([&seen] { seen = current(); });
+    worker.join();
+    return seen;
+}
+} // namespace
+
+class TestServices : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        FieldCatalog::setInstance(nullptr);
+        AppServices::setInstance(nullptr);
+        UserContext::setInstance(nullptr);
+    }
+
+    void shouldKeepOneInstanceOfEachServicePerThread()
+    {
+        const Instances here = current();
+        const Instances again = current();
+        const Instances there = onAnotherThread();
+
+        QCOMPARE(again.catalog, here.catalog);
+        QCOMPARE(again.services, here.services);
+        QCOMPARE(again.user, here.user);
+        QCOMPARE(again.messages, here.messages);
+        QCOMPARE(again.picker, here.picker);
+        QVERIFY(there.catalog != here.catalog);
+        QVERIFY(there.services != here.services);
+        QVERIFY(there.user != here.user);
+        QVERIFY(there.messages != here.messages);
+        QVERIFY(there.picker != here.picker);
+    }
+
+    void shouldReplaceOnlyTheCallingThreadsInstance()
+    {
+        auto mine = sampleCatalog();
+        FieldCatalog::setInstance(mine);
+
+        QCOMPARE(FieldCatalog::instance(), std::shared_ptr<FieldCatalog>(mine));
+        QVERIFY(onAnotherThread().catalog != mine.get());
+    }
+
+    void shouldLogInTheCataloguesFirstAdministratorByDefault()
+    {
+        auto catalog = sampleCatalog();
+        catalog->addUser({7, QStringLiteral("second admin"), true});
+        FieldCatalog::setInstance(catalog);
+        UserContext::setInstance(nullptr);
+
+        QCOMPARE(UserContext::instance()->CurrentUser()->UserId(), sample::Admin);
+    }
+
+    void shouldFallBackToABuiltInAdministrator()
+    {
+        FieldCatalog::setInstance(std::make_shared<MemoryCatalog>());
+        UserContext::setInstance(nullptr);
+        const CurrentUserPtr user = UserContext::instance()->CurrentUser();
+
+        QVERIFY(user->IsAdministrator());
+        QCOMPARE(user->UserId(), 1);
+        QCOMPARE(user->Name(), QStringLiteral("admin"));
+    }
+
+    void shouldBalanceTheWaitCursorWhenTheOperationThrows()
+    {
+        auto services = std::make_shared<CursorLogServices>();
+        AppServices::setInstance(services);
+
+        try {
+            WaitCursorGuard outer;
+            WaitCursorGuard inner;
+            QCOMPARE(services->log()->Depth(), 2);
+            throw CatalogError(QStringLiteral("the database went away"));
+        } catch (const CatalogError &) {
+        }
+
+        QCOMPARE(services->log()->Depth(), 0);
+        QCOMPARE(services->log()->pushed(), (QList<qint16>{WaitCursor::Hourglass, WaitCursor::Hourglass}));
+        QCOMPARE(services->log()->popCount(), 2);
+        QCOMPARE(services->log()->unbalancedPops(), 0);
+    }
+
+    void shouldCountPushesWithoutAGuiAndIgnoreASurplusPop()
+    {
+        // This test runs without a QGuiApplication: the stack only counts.
+        QtWaitCursor cursor;
+        cursor.Pop();
+        cursor.Push(WaitCursor::Hourglass);
+        cursor.Push(2);
+        cursor.Pop();
+        QCOMPARE(cursor.Depth(), 1);
+        cursor.Pop();
+        cursor.Pop();
+        QCOMPARE(cursor.Depth(), 0);
+    }
+
+    void shouldShowTheHourglassForPointerEleven()
+    {
+        QCOMPARE(cursorShapeFor(WaitCursor::Hourglass), Qt::WaitCursor);
+        QCOMPARE(cursorShapeFor(0), Qt::ArrowCursor);
+        QCOMPARE(cursorShapeFor(-5), Qt::ArrowCursor);
+    }
+
+    void shouldKeepTheEntityViewFlagAndOneGeneralState()
+    {
+        const auto services = AppServices::instance();
+        QVERIFY(services->UseEntityView());
+        services->setUseEntityView(false);
+        QVERIFY(!AppServices::instance()->UseEntityView());
+        QCOMPARE(services->GeneralState(), services->GeneralState());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestServices)
+#include "tst_services.moc"
