@@ -1,0 +1,172 @@
+#include "catalog/sqlconnection.h"
+
+#include <QAtomicInt>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+
+namespace PickerCtl {
+
+namespace {
+
+const auto SqliteDriver = QStringLiteral("QSQLITE");
+const auto PostgresDriver = QStringLiteral("QPSQL");
+const auto ConnectionPrefix = QStringLiteral("pickerctl-catalog-%1");
+// A server that does not answer must not hang the application.
+const auto PostgresOptions = QStringLiteral("connect_timeout=5");
+const auto NoDriver = QStringLiteral(
+    "The catalogue \"%1\" cannot be opened: Qt's %2 database driver is not installed (%3).");
+const auto SqlitePackage = QStringLiteral("package libqt6sql6-sqlite");
+const auto PostgresPackage = QStringLiteral("package libqt6sql6-psql");
+const auto NoFile = QStringLiteral("The catalogue file \"%1\" does not exist.");
+const auto NotAFile = QStringLiteral("The catalogue \"%1\" is not a file.");
+const auto NoRemove = QStringLiteral("The old catalogue file \"%1\" could not be replaced.");
+const auto OpenFailed = QStringLiteral("The catalogue \"%1\" could not be opened: %2");
+const auto Failure = QStringLiteral("Catalogue \"%1\": %2");
+const auto DatabaseSays = QStringLiteral("%1 (%2)");
+const auto BeginFailed = QStringLiteral("a transaction could not be started");
+const auto CommitFailed = QStringLiteral("the changes could not be committed");
+const auto ForeignKeysOn = QStringLiteral("PRAGMA foreign_keys = ON");
+// A new catalogue is written in one go; a crash just means writing it again.
+const auto FastJournal = QStringLiteral("PRAGMA journal_mode = MEMORY");
+const auto NoSync = QStringLiteral("PRAGMA synchronous = OFF");
+
+QString nextConnectionName()
+{
+    static QAtomicInt counter;
+    return ConnectionPrefix.arg(counter.fetchAndAddRelaxed(1));
+}
+
+QString driverText(const QSqlError &error)
+{
+    const QString text = error.databaseText().isEmpty() ? error.text() : error.databaseText();
+    return text.trimmed();
+}
+
+} // namespace
+
+SqlConnection::SqlConnection(const SqlLocation &location, Mode mode)
+    : m_location(location), m_name(nextConnectionName())
+{
+    try {
+        if (isSqlite())
+            openSqlite(mode);
+        else
+            openPostgres();
+    } catch (...) {
+        QSqlDatabase::removeDatabase(m_name);
+        throw;
+    }
+}
+
+SqlConnection::~SqlConnection()
+{
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_name, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+void SqlConnection::openSqlite(Mode mode)
+{
+    if (!QSqlDatabase::isDriverAvailable(SqliteDriver))
+        throw CatalogError(NoDriver.arg(m_location.display, SqliteDriver, SqlitePackage));
+    const QFileInfo file(m_location.path);
+    if (mode == Mode::Existing) {
+        // SQLite would quietly create a missing file; an absent catalogue is an error here.
+        if (!file.exists())
+            throw CatalogError(NoFile.arg(m_location.display));
+        if (!file.isFile())
+            throw CatalogError(NotAFile.arg(m_location.display));
+    } else if (file.exists() && !QFile::remove(m_location.path)) {
+        throw CatalogError(NoRemove.arg(m_location.display));
+    }
+
+    QSqlDatabase db = QSqlDatabase::addDatabase(SqliteDriver, m_name);
+    db.setDatabaseName(m_location.path);
+    if (!db.open())
+        throw CatalogError(OpenFailed.arg(m_location.display, driverText(db.lastError())));
+    run(ForeignKeysOn);
+    if (mode == Mode::Replace) {
+        run(FastJournal);
+        run(NoSync);
+    }
+}
+
+void SqlConnection::openPostgres()
+{
+    if (!QSqlDatabase::isDriverAvailable(PostgresDriver))
+        throw CatalogError(NoDriver.arg(m_location.display, PostgresDriver, PostgresPackage));
+    QSqlDatabase db = QSqlDatabase::addDatabase(PostgresDriver, m_name);
+    db.setHostName(m_location.host);
+    if (m_location.port > 0)
+        db.setPort(m_location.port);
+    db.setUserName(m_location.user);
+    db.setPassword(m_location.password);
+    db.setDatabaseName(m_location.database);
+    db.setConnectOptions(PostgresOptions);
+    if (!db.open())
+        throw CatalogError(OpenFailed.arg(m_location.display, driverText(db.lastError())));
+}
+
+QSqlDatabase SqlConnection::database() const
+{
+    return QSqlDatabase::database(m_name, false);
+}
+
+QSqlQuery SqlConnection::prepare(const QString &sql) const
+{
+    QSqlQuery query(database());
+    query.setForwardOnly(true);
+    if (!query.prepare(sql))
+        throw failure(driverText(query.lastError()));
+    return query;
+}
+
+void SqlConnection::run(const QString &sql) const
+{
+    QSqlQuery query(database());
+    if (!query.exec(sql))
+        throw failure(driverText(query.lastError()));
+}
+
+void SqlConnection::exec(QSqlQuery &query) const
+{
+    if (!query.exec())
+        throw failure(driverText(query.lastError()));
+}
+
+void SqlConnection::checkDone(const QSqlQuery &query) const
+{
+    if (query.lastError().isValid())
+        throw failure(driverText(query.lastError()));
+}
+
+CatalogError SqlConnection::failure(const QString &what) const
+{
+    return CatalogError(Failure.arg(m_location.display, what));
+}
+
+SqlTransaction::SqlTransaction(const SqlConnection &connection) : m_connection(connection)
+{
+    QSqlDatabase db = m_connection.database();
+    if (!db.transaction())
+        throw m_connection.failure(DatabaseSays.arg(BeginFailed, driverText(db.lastError())));
+}
+
+SqlTransaction::~SqlTransaction()
+{
+    if (m_open)
+        m_connection.database().rollback();
+}
+
+void SqlTransaction::commit()
+{
+    QSqlDatabase db = m_connection.database();
+    if (!db.commit())
+        throw m_connection.failure(DatabaseSays.arg(CommitFailed, driverText(db.lastError())));
+    m_open = false;
+}
+
+} // namespace PickerCtl

@@ -1,0 +1,215 @@
+#include "catalog/sqlloader.h"
+
+#include "catalog/sqlconnection.h"
+
+#include <PickerCtl/MemoryCatalog.h>
+
+#include <QHash>
+
+namespace PickerCtl {
+
+namespace {
+
+const auto KindBool = QStringLiteral("bool");
+const auto KindInt = QStringLiteral("int");
+const auto KindDouble = QStringLiteral("double");
+
+/// Hands out one shared copy of each distinct text, so that a million fields carrying a few
+/// hundred distinct descriptions, units and masks hold a few hundred strings.
+class StringPool
+{
+public:
+    const QString &intern(const QString &text)
+    {
+        // Fields come category by category, so the text of the previous row is the usual hit.
+        if (m_last && *m_last == text)
+            return *m_last;
+        auto it = m_pool.constFind(text);
+        if (it == m_pool.constEnd())
+            it = m_pool.insert(text, text);
+        m_last = &it.value();
+        return *m_last;
+    }
+
+private:
+    QHash<QString, QString> m_pool;
+    const QString *m_last = nullptr;
+};
+
+QSqlQuery select(const SqlConnection &connection, const QString &sql)
+{
+    QSqlQuery query = connection.prepare(sql);
+    connection.exec(query);
+    return query;
+}
+
+bool flag(const QSqlQuery &query, int column)
+{
+    return query.value(column).toInt() != 0;
+}
+
+QVariant propertyValue(const QString &text, const QString &kind)
+{
+    if (kind == KindBool)
+        return QVariant(text == QLatin1String("true"));
+    if (kind == KindInt)
+        return QVariant(text.toLongLong());
+    if (kind == KindDouble)
+        return QVariant(text.toDouble());
+    return QVariant(text);
+}
+
+void loadUsers(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QSqlQuery q = select(connection, QStringLiteral(
+        "SELECT id, name, is_admin, can_modify, read_only FROM users ORDER BY id"));
+    while (q.next()) {
+        UserSpec user;
+        user.id = q.value(0).toInt();
+        user.name = q.value(1).toString();
+        user.administrator = flag(q, 2);
+        user.canModifyFields = flag(q, 3);
+        user.readOnly = flag(q, 4);
+        catalog.addUser(user);
+    }
+    connection.checkDone(q);
+}
+
+void loadTypes(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QSqlQuery tech = select(connection, QStringLiteral(
+        "SELECT name, code, bit FROM technology_types ORDER BY position"));
+    while (tech.next())
+        catalog.addTechnology(tech.value(0).toString(), tech.value(1).toString(), tech.value(2).toInt());
+    connection.checkDone(tech);
+
+    QSqlQuery types = select(connection, QStringLiteral("SELECT code, name FROM field_types ORDER BY position"));
+    while (types.next())
+        catalog.addFieldType(types.value(0).toString(), types.value(1).toString());
+    connection.checkDone(types);
+}
+
+// Every application is followed by its own categories, as the in-memory catalogue takes them.
+void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QStringList apps;
+    QSqlQuery appQuery = select(connection, QStringLiteral("SELECT name FROM applications ORDER BY position"));
+    while (appQuery.next())
+        apps << appQuery.value(0).toString();
+    connection.checkDone(appQuery);
+
+    QSqlQuery q = select(connection, QStringLiteral(
+        "SELECT c.app, c.key, c.parent_key, c.node_key, c.name, c.full_name, c.caption, c.entity_id, "
+        "c.rcv_form_name FROM categories c JOIN applications a ON a.name = c.app "
+        "ORDER BY a.position, c.position"));
+    qsizetype added = 0;
+    while (q.next()) {
+        const QString app = q.value(0).toString();
+        while (added < apps.size() && (added == 0 || apps[added - 1] != app))
+            catalog.addApplication(apps[added++]);
+        CategorySpec category;
+        category.key = q.value(1).toString();
+        category.parentKey = q.value(2).toString();
+        category.nodeKey = q.value(3).toString();
+        category.name = q.value(4).toString();
+        category.fullName = q.value(5).toString();
+        category.caption = q.value(6).toString();
+        category.entityId = q.value(7).toInt();
+        category.rcvFormName = q.value(8).toString();
+        catalog.addCategory(category);
+    }
+    connection.checkDone(q);
+    while (added < apps.size())
+        catalog.addApplication(apps[added++]);
+}
+
+void loadFields(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QSqlQuery count = select(connection, QStringLiteral("SELECT COUNT(*) FROM fields"));
+    if (count.next())
+        catalog.reserveFields(count.value(0).toLongLong());
+    connection.checkDone(count);
+
+    QSqlQuery q = select(connection, QStringLiteral(
+        "SELECT id, category_key, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
+        "validation_status, description, unit FROM fields ORDER BY position"));
+    StringPool categoryKeys, typeCodes, masks, statuses, descriptions, units;
+    FieldSpec field;
+    while (q.next()) {
+        field.id = q.value(0).toInt();
+        field.categoryKey = categoryKeys.intern(q.value(1).toString());
+        field.name = q.value(2).toString();
+        field.typeCode = typeCodes.intern(q.value(3).toString());
+        field.ownerId = q.value(4).toInt();
+        field.techMask = masks.intern(q.value(5).toString());
+        field.busyHour = flag(q, 6);
+        field.expression = flag(q, 7);
+        field.validationStatus = statuses.intern(q.value(8).toString());
+        field.description = descriptions.intern(q.value(9).toString());
+        field.unit = units.intern(q.value(10).toString());
+        catalog.addField(field);
+    }
+    connection.checkDone(q);
+}
+
+void loadRcv(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QSqlQuery forms = select(connection, QStringLiteral("SELECT form_key, category_name FROM rcv_forms"));
+    while (forms.next())
+        catalog.addRcvForm(forms.value(0).toString(), forms.value(1).toString());
+    connection.checkDone(forms);
+
+    QSqlQuery fields = select(connection, QStringLiteral("SELECT form, field_name, field_id FROM rcv_fields"));
+    while (fields.next())
+        catalog.addRcvField(fields.value(0).toString(), fields.value(1).toString(), fields.value(2).toInt());
+    connection.checkDone(fields);
+}
+
+void loadEnumLists(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    QSqlQuery q = select(connection, QStringLiteral(
+        "SELECT title, name, code FROM enum_values ORDER BY title, position"));
+    QString title;
+    QStringList names, codes;
+    const auto flush = [&] {
+        if (!names.isEmpty())
+            catalog.addEnumList(title, names, codes);
+        names.clear();
+        codes.clear();
+    };
+    while (q.next()) {
+        const QString rowTitle = q.value(0).toString();
+        if (rowTitle != title) {
+            flush();
+            title = rowTitle;
+        }
+        names << q.value(1).toString();
+        codes << q.value(2).toString();
+    }
+    connection.checkDone(q);
+    flush();
+}
+
+void loadProperties(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    const PropertyStorePtr store = catalog.GetProperties();
+    QSqlQuery q = select(connection, QStringLiteral("SELECT key, value, kind FROM properties"));
+    while (q.next())
+        store->SetItem(q.value(0).toString(), propertyValue(q.value(1).toString(), q.value(2).toString()));
+    connection.checkDone(q);
+}
+
+} // namespace
+
+void loadSqlCatalog(const SqlConnection &connection, MemoryCatalog &catalog)
+{
+    loadUsers(connection, catalog);
+    loadTypes(connection, catalog);
+    loadCategories(connection, catalog);
+    loadFields(connection, catalog);
+    loadRcv(connection, catalog);
+    loadEnumLists(connection, catalog);
+    loadProperties(connection, catalog);
+}
+
+} // namespace PickerCtl
