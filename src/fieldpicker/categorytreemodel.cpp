@@ -170,8 +170,25 @@ void CategoryTreeModel::sortChildren(qsizetype node)
         m_nodes[size_t(children[i])].row = int(i);
 }
 
+bool CategoryTreeModel::needsSorting(qsizetype node) const
+{
+    const Node &n = m_nodes[size_t(node)];
+    const bool several = n.children.size() >= 2;
+    if (n.sorted != several)
+        return true;
+    return several && !std::is_sorted(n.children.begin(), n.children.end(), [this](qsizetype a, qsizetype b) {
+        return textBefore(m_nodes[size_t(a)].text, m_nodes[size_t(b)].text);
+    });
+}
+
 void CategoryTreeModel::sortNodesWithSeveralChildren()
 {
+    // A tree sorted before stays as it is, without a reset that would lose the view's state.
+    bool changes = false;
+    for (qsizetype id = 0; id < nodeCount() && !changes; ++id)
+        changes = needsSorting(id);
+    if (!changes)
+        return;
     Batch batch(*this);
     for (qsizetype id = 0; id < nodeCount(); ++id) {
         Node &node = m_nodes[size_t(id)];

@@ -100,6 +100,7 @@ private:
     const Node *nodeOf(const QModelIndex &index) const;
     std::vector<qsizetype> &childrenOf(qsizetype node);
     void sortChildren(qsizetype node);
+    bool needsSorting(qsizetype node) const;
     QIcon iconFor(const Node &node) const;
 
     const ImageList *m_images;

@@ -14,6 +14,7 @@
 #include <QSet>
 #include <QTreeView>
 
+#include <optional>
 #include <vector>
 
 namespace PickerCtl {
@@ -26,7 +27,6 @@ constexpr auto EmptyViewText = "There are no fields/expressions to show in this 
 constexpr auto FullRowSelectionSetting = "Full Row Selection";
 // A single branch ends at the built-in system category even when that has a parent.
 constexpr auto SystemCategoryName = "SYSTEM";
-constexpr auto NodeMissingMessage = "The category tree holds no node \"%1\".";
 
 bool useEntityView()
 {
@@ -37,6 +37,33 @@ bool useEntityView()
 QString displayName(const FieldCategory &category)
 {
     return useEntityView() ? category.Name() : category.FullName();
+}
+
+bool isNodeOf(const CategoryNodePtr &node, const FieldCategory &category)
+{
+    const FieldCategoryPtr held = node ? node->Category() : nullptr;
+    return held && held->Key() == category.Key();
+}
+
+// The catalogue node of a category: found by its key, except for the nodes that start a branch
+// under a fixed label, which are searched for.
+CategoryNodePtr nodeOfCategory(const CategoryNodes &nodes, const FieldCategory &category)
+{
+    CategoryNodePtr node = nodes.Find(category.Key(), QString());
+    if (isNodeOf(node, category))
+        return node;
+    std::vector<CategoryNodePtr> pending;
+    if (CategoryNodePtr root = nodes.Root())
+        pending.push_back(std::move(root));
+    while (!pending.empty()) {
+        node = std::move(pending.back());
+        pending.pop_back();
+        if (isNodeOf(node, category))
+            return node;
+        for (CategoryNodePtr child = node->FirstChild(); child; child = child->NextSibling())
+            pending.push_back(child);
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -80,10 +107,12 @@ void XFieldPicker::Private::load(const QString &appNameA, const QString &categor
                                      ? catalog->GetCategoryTree(appNameA)
                                      : singleBranchTree(*catalog, appNameA, categoryNameA);
 
-    QModelIndex node;
+    QString keyToShow;
     {
-        CategoryTreeModel::Batch batch(*treeModel);
+        // Only a new application rebuilds the tree, in one model reset.
+        std::optional<CategoryTreeModel::Batch> rebuild;
         if (appNameA != appName) {
+            rebuild.emplace(*treeModel);
             q->ClearAll();
             appName = appNameA;
             buildTree(tree, categoryNameA);
@@ -91,14 +120,15 @@ void XFieldPicker::Private::load(const QString &appNameA, const QString &categor
         } else {
             currentCategory = catalog->GetCategory(appName, categoryNameA);
         }
+        keyToShow = keyToShowAfterLoad();
     }
-    node = nodeToShowAfterLoad();
+    // A category that the tree does not hold (another branch, an emptied tree) is shown as an
+    // unknown one: by the node the load would show without a category.
+    QModelIndex node;
     if (currentCategory)
         node = treeModel->indexForKey(currentCategory->Key());
-    if (!node.isValid()) {
-        const QString key = currentCategory ? currentCategory->Key() : q->RootLabel();
-        throw CatalogError(QString::fromLatin1(NodeMissingMessage).arg(key));
-    }
+    if (!node.isValid())
+        node = treeModel->indexForKey(keyToShow);
     selectNode(node);
     applyFullRowSetting();
 }
@@ -149,7 +179,7 @@ void XFieldPicker::Private::buildCategoryNodes(const CategoryNodePtr &start, con
             continue;
         children.clear();
         for (CategoryNodePtr child = node->FirstChild(); child; child = child->NextSibling())
-            children.push_back(std::move(child));
+            children.push_back(child);
         for (auto it = children.rbegin(); it != children.rend(); ++it)
             pending.emplace_back(std::move(*it), key);
     }
@@ -180,7 +210,7 @@ CategoryTreePtr XFieldPicker::Private::singleBranchTree(FieldCatalog &catalog, c
         parentKey = (*it)->Key();
     }
     if (singleBranch == tplSinglechildren && target && fullNodes) {
-        if (const CategoryNodePtr node = fullNodes->Find(target->Key(), QString())) {
+        if (const CategoryNodePtr node = nodeOfCategory(*fullNodes, *target)) {
             for (CategoryNodePtr child = node->FirstChild(); child; child = child->NextSibling()) {
                 if (const FieldCategoryPtr category = child->Category())
                     branch->Add(category, target->Key());
@@ -191,13 +221,13 @@ CategoryTreePtr XFieldPicker::Private::singleBranchTree(FieldCatalog &catalog, c
 }
 
 // With several nodes: sort, then show the first node added under the root; else the root itself.
-QModelIndex XFieldPicker::Private::nodeToShowAfterLoad()
+QString XFieldPicker::Private::keyToShowAfterLoad()
 {
     if (treeModel->nodeCount() > 1) {
         treeModel->sortNodesWithSeveralChildren();
-        return treeModel->indexForKey(treeModel->keyAt(1));
+        return treeModel->keyAt(1);
     }
-    return treeModel->indexForKey(q->RootLabel());
+    return q->RootLabel();
 }
 
 void XFieldPicker::Private::applyFullRowSetting()

@@ -54,7 +54,7 @@ struct XFieldPicker::Private
                                      const QString &categoryNameA) const;
     void buildTree(const CategoryTreePtr &tree, const QString &categoryNameA);
     void buildCategoryNodes(const CategoryNodePtr &start, const QString &parentKey);
-    QModelIndex nodeToShowAfterLoad();
+    QString keyToShowAfterLoad();
     void selectNode(const QModelIndex &node);
     void onTreeCurrentChanged(const QModelIndex &current);
     QModelIndex selectedNode() const;

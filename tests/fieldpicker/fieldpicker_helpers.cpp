@@ -1,0 +1,100 @@
+#include "fieldpicker_helpers.h"
+
+#include <PickerCtl/CatalogError.h>
+
+namespace PickerCtl::testsupport {
+
+void addCategory(MemoryCatalog &catalog, const QString &key, const QString &parentKey, const QString &name,
+                 qint32 entityId, const QString &nodeKey)
+{
+    CategorySpec spec;
+    spec.key = key;
+    spec.parentKey = parentKey;
+    spec.nodeKey = nodeKey;
+    spec.name = name;
+    spec.entityId = entityId;
+    catalog.addCategory(spec);
+}
+
+namespace {
+
+void addFields(MemoryCatalog &catalog, const QString &categoryKey, int firstId, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        FieldSpec spec;
+        spec.id = firstId + i;
+        spec.categoryKey = categoryKey;
+        spec.name = QStringLiteral("%1 field %2").arg(categoryKey).arg(i + 1);
+        spec.typeCode = QStringLiteral("CNT");
+        catalog.addField(spec);
+    }
+}
+
+} // namespace
+
+void fillSampleCatalog(MemoryCatalog &catalog)
+{
+    catalog.addApplication(QLatin1String(ReportsApp));
+    addCategory(catalog, QStringLiteral("root"), QString(), QStringLiteral("Catalogue"));
+    addCategory(catalog, QStringLiteral("net"), QStringLiteral("root"), QStringLiteral("Network"), 1,
+                QStringLiteral("Entities"));
+    addCategory(catalog, QStringLiteral("site"), QStringLiteral("Entities"), QStringLiteral("Site"), 4);
+    addCategory(catalog, QStringLiteral("region"), QStringLiteral("Entities"), QStringLiteral("Region"), 2);
+    addCategory(catalog, QStringLiteral("cell"), QStringLiteral("region"), QStringLiteral("Cell"), 3);
+    addCategory(catalog, QStringLiteral("gen"), QStringLiteral("root"), QStringLiteral("Generic"), 0,
+                genericLabel());
+    CategorySpec system;
+    system.key = QStringLiteral("sys");
+    system.parentKey = genericLabel();
+    system.name = QStringLiteral("SYSTEM");
+    system.fullName = QStringLiteral("System");
+    catalog.addCategory(system);
+    addCategory(catalog, QStringLiteral("perf"), QStringLiteral("sys"), QStringLiteral("Performance"));
+    addCategory(catalog, QStringLiteral("traffic"), genericLabel(), QStringLiteral("Traffic"));
+    addFields(catalog, QStringLiteral("site"), 100, 2);
+    addFields(catalog, QStringLiteral("region"), 200, 3);
+    addFields(catalog, QStringLiteral("cell"), 300, 2);
+    addFields(catalog, QStringLiteral("perf"), 400, 1);
+    addFields(catalog, QStringLiteral("traffic"), 500, 2);
+
+    catalog.addApplication(QLatin1String(OtherApp));
+    addCategory(catalog, QStringLiteral("plans"), QString(), QStringLiteral("Plans"));
+    addFields(catalog, QStringLiteral("plans"), 600, 1);
+}
+
+std::shared_ptr<MemoryCatalog> makeSampleCatalog()
+{
+    auto catalog = std::make_shared<MemoryCatalog>();
+    fillSampleCatalog(*catalog);
+    return catalog;
+}
+
+CategoryTreePtr FailingCatalog::GetCategoryTree(const QString &appName)
+{
+    if (failTree)
+        throw CatalogError(QStringLiteral("The category tree cannot be read."));
+    return MemoryCatalog::GetCategoryTree(appName);
+}
+
+FieldCategoryPtr FailingCatalog::GetCategory(const QString &appName, const QString &categoryName)
+{
+    if (failCategory)
+        throw CatalogError(QStringLiteral("The category cannot be read."));
+    return MemoryCatalog::GetCategory(appName, categoryName);
+}
+
+ServicesScope::ServicesScope(std::shared_ptr<FieldCatalog> catalog, bool entityView)
+    : m_services(std::make_shared<CursorLogServices>())
+{
+    m_services->setUseEntityView(entityView);
+    FieldCatalog::setInstance(std::move(catalog));
+    AppServices::setInstance(m_services);
+}
+
+ServicesScope::~ServicesScope()
+{
+    FieldCatalog::setInstance(nullptr);
+    AppServices::setInstance(nullptr);
+}
+
+} // namespace PickerCtl::testsupport

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/testing/CursorLog.h>
+
+#include <memory>
+
+namespace PickerCtl::testsupport {
+
+inline constexpr auto ReportsApp = "Reports";
+inline constexpr auto OtherApp = "Planning";
+
+/**
+ * A small catalogue of the application "Reports":
+ *
+ *   Catalogue (root)
+ *   +- Network          node "Entities", entity 1
+ *   |  +- Site          entity 4      (2 fields)
+ *   |  +- Region        entity 2      (3 fields)
+ *   |     +- Cell       entity 3      (2 fields)
+ *   +- Generic          node genericLabel()
+ *      +- SYSTEM        full name "System", a top of its own
+ *      |  +- Performance              (1 field)
+ *      +- Traffic                     (2 fields)
+ *
+ * and the application "Planning" with a single category "Plans".
+ */
+std::shared_ptr<MemoryCatalog> makeSampleCatalog();
+/// Adds a category to the last added application of the catalogue.
+void addCategory(MemoryCatalog &catalog, const QString &key, const QString &parentKey, const QString &name,
+                 qint32 entityId = 0, const QString &nodeKey = QString());
+
+/// Adds the sample content to a catalogue (for catalogue doubles).
+void fillSampleCatalog(MemoryCatalog &catalog);
+
+/// A catalogue that fails on purpose in the call a test names.
+class FailingCatalog : public MemoryCatalog
+{
+public:
+    bool failTree = false;
+    bool failCategory = false;
+
+    CategoryTreePtr GetCategoryTree(const QString &appName) override;
+    FieldCategoryPtr GetCategory(const QString &appName, const QString &categoryName) override;
+};
+
+/// Installs a catalogue and cursor-logging services for the test's lifetime.
+class ServicesScope
+{
+public:
+    explicit ServicesScope(std::shared_ptr<FieldCatalog> catalog, bool entityView = true);
+    ~ServicesScope();
+
+    const std::shared_ptr<CursorLog> &cursor() const { return m_services->log(); }
+    CursorLogServices &services() const { return *m_services; }
+
+private:
+    std::shared_ptr<CursorLogServices> m_services;
+};
+
+} // namespace PickerCtl::testsupport
