@@ -225,6 +225,8 @@ void XTimeFilter::Private::buildBottom(XTimeFilter *q)
         auto *picker = named(new QDateEdit(fraBottom), name);
         picker->setCalendarPopup(true);
         picker->setDisplayFormat(Filters::pickerDateFormat(locale));
+        // The popup arrow is wider than the spin arrows the size hint allows for.
+        picker->setMinimumWidth(picker->sizeHint().width() + picker->fontMetrics().horizontalAdvance(QStringLiteral("00")));
         return picker;
     };
     const auto timePicker = [&](const char *name) {
