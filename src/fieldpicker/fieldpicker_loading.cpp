@@ -300,6 +300,7 @@ void XFieldPicker::Private::fillList()
         source = Fields::create();
     shownFields = source;
 
+    result->reserve(source->size());
     for (const FieldPtr &field : *source) {
         if (field->PassesFilter(techFilter, fieldTypeFilter, ownerFilter, nameFilter, useForBusyHour,
                                 rcvFormFilter, rcvFieldFilter))
