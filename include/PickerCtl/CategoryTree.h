@@ -44,8 +44,9 @@ public:
     virtual std::shared_ptr<CategoryNodes> Nodes() const = 0;
     /// Every field of the application; the controls pass 0.
     virtual FieldsPtr AllFields(qint32 which = 0) const = 0;
-    /// Adds a node for the category under the node keyed parentKey (empty: as the root) and returns it.
-    /// Used to build a tree that holds a single branch of the catalogue.
+    /// Adds a node for the category under the node of the category keyed parentKey (or the node keyed
+    /// so; empty: as the root) and returns it. The node keeps the key it has in the application's
+    /// own tree. Used to build a tree that holds a single branch of the catalogue.
     virtual CategoryNodePtr Add(const FieldCategoryPtr &category, const QString &parentKey) = 0;
 };
 

@@ -80,6 +80,7 @@ std::shared_ptr<MemoryNode> MemoryNodes::add(const QString &nodeKey, const Field
         m_root = node;
     m_nodes.insert(nodeKey, node);
     m_categories.insert(category->Key(), category);
+    m_nodeKeys.insert(category->Key(), nodeKey);
     return node;
 }
 
@@ -157,9 +158,18 @@ FieldsPtr MemoryTree::AllFields(qint32 /*which*/) const
     return m_application ? m_application->allFields() : Fields::create();
 }
 
+// A branch keeps the node keys of the application's own tree, so that the nodes which start the
+// entity and generic branches ("Entities", the generic label) can still be found in it.
 CategoryNodePtr MemoryTree::Add(const FieldCategoryPtr &category, const QString &parentKey)
 {
-    return m_nodes->add(category ? category->Key() : QString(), category, parentKey);
+    const QString categoryKey = category ? category->Key() : QString();
+    QString nodeKey = m_application ? m_application->nodes()->nodeKeyOf(categoryKey) : QString();
+    if (nodeKey.isEmpty())
+        nodeKey = categoryKey;
+    QString parentNodeKey = m_nodes->nodeKeyOf(parentKey);
+    if (parentNodeKey.isEmpty())
+        parentNodeKey = parentKey;
+    return m_nodes->add(nodeKey, category, parentNodeKey);
 }
 
 void removeFieldsInPlace(Fields &fields, const QSet<const Field *> &removed)

@@ -46,6 +46,8 @@ public:
     std::shared_ptr<MemoryNode> add(const QString &nodeKey, const FieldCategoryPtr &category,
                                     const QString &parentKey);
     std::shared_ptr<MemoryNode> node(const QString &key) const { return m_nodes.value(key); }
+    /// Key of the node that carries the category, or "" when the tree does not hold it.
+    QString nodeKeyOf(const QString &categoryKey) const { return m_nodeKeys.value(categoryKey); }
     /// The categories of the tree in pre-order.
     QList<FieldCategoryPtr> categoriesInOrder() const;
 
@@ -53,6 +55,7 @@ private:
     std::shared_ptr<MemoryNode> m_root;
     QHash<QString, std::shared_ptr<MemoryNode>> m_nodes;
     QHash<QString, FieldCategoryPtr> m_categories;
+    QHash<QString, QString> m_nodeKeys; ///< category key -> node key
 };
 
 /**
