@@ -87,10 +87,13 @@ void SqlConnection::openSqlite(Mode mode)
     db.setDatabaseName(m_location.path);
     if (!db.open())
         throw CatalogError(OpenFailed.arg(m_location.display, driverText(db.lastError())));
-    run(ForeignKeysOn);
     if (mode == Mode::Replace) {
+        // Bulk writing checks no references row by row; the reader rejects a catalogue whose
+        // fields name no category, and the builder writes parents first anyway.
         run(FastJournal);
         run(NoSync);
+    } else {
+        run(ForeignKeysOn);
     }
 }
 

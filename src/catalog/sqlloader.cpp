@@ -1,6 +1,7 @@
 #include "catalog/sqlloader.h"
 
 #include "catalog/sqlconnection.h"
+#include "catalog/sqlitefieldscan.h"
 
 #include <PickerCtl/MemoryCatalog.h>
 
@@ -125,6 +126,9 @@ void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog)
 
 void loadFields(const SqlConnection &connection, MemoryCatalog &catalog)
 {
+    if (scanSqliteFields(connection, catalog))
+        return;
+
     QSqlQuery count = select(connection, QStringLiteral("SELECT COUNT(*) FROM fields"));
     if (count.next())
         catalog.reserveFields(count.value(0).toLongLong());
