@@ -179,6 +179,22 @@ void TestFieldPickerLoading::shouldBuildTheTreeOfTheCatalogue_data()
     QTest::newRow("single branch with the children of the category")
         << false << int(tplEntities) << int(tplSinglechildren) << "Reports" << "Network"
         << "Entities(Catalogue(Network(Region,Site)))" << "net" << "Available Network Fields" << 0;
+    // In the entity view the branch starts at the node that starts the entities.
+    QTest::newRow("entity view, single branch from the entity root")
+        << true << int(tplEntities) << int(tplSingle) << "Reports" << "Cell"
+        << "Entities(Network(Region(Cell)))" << "cell" << "Available Cell Fields" << 2;
+    QTest::newRow("entity view, single branch with the children of the category")
+        << true << int(tplEntities) << int(tplSinglechildren) << "Reports" << "Region"
+        << "Entities(Network(Region(Cell)))" << "region" << "Available Region Fields" << 3;
+    QTest::newRow("entity view, single branch of the entity root with its children")
+        << true << int(tplEntities) << int(tplSinglechildren) << "Reports" << "Network"
+        << "Entities(Network(Region,Site))" << "net" << "Available Network Fields" << 0;
+    QTest::newRow("entity view, single branch outside the entities: the root alone")
+        << true << int(tplEntities) << int(tplSingle) << "Reports" << "Traffic"
+        << "Entities" << "Entities" << "Available Fields" << 0;
+    QTest::newRow("generic root label, single branch under the generic node")
+        << true << int(tplGeneric) << int(tplSingle) << "Reports" << "Traffic"
+        << "Generic(Generic Categories(Generic(Traffic)))" << "traffic" << "Available Traffic Fields" << 2;
     QTest::newRow("single branch of an unknown category: the root alone")
         << false << int(tplEntities) << int(tplSingle) << "Reports" << "No such category"
         << "Entities" << "Entities" << "Available Fields" << 0;
