@@ -1,6 +1,7 @@
 #include <PickerCtl/SqlCatalog.h>
 
 #include "catalog/sqlconnection.h"
+#include "catalog/sqlitefieldinsert.h"
 #include "catalog/sqlschema.h"
 
 #include <PickerCtl/CatalogError.h>
@@ -62,6 +63,7 @@ struct SqlCatalogBuilder::Private
         rcvFields = connection.prepare(insertInto("rcv_fields", "form, field_name, field_id", 3));
         enumValues = connection.prepare(insertInto("enum_values", "title, position, name, code", 4));
         properties = connection.prepare(insertInto("properties", "key, value, kind", 3));
+        fastFields = SqliteFieldInsert::forConnection(connection);
     }
 
     void run(QSqlQuery &query)
@@ -75,6 +77,7 @@ struct SqlCatalogBuilder::Private
     std::optional<SqlTransaction> transaction;
     QSqlQuery users, technologies, fieldTypes, applications, categories, fields;
     QSqlQuery rcvForms, rcvFields, enumValues, properties;
+    std::unique_ptr<SqliteFieldInsert> fastFields;
     QString currentApp;
     qint64 technologyCount = 0, fieldTypeCount = 0, applicationCount = 0, categoryCount = 0, fieldCount = 0;
 };
@@ -142,6 +145,12 @@ void SqlCatalogBuilder::addCategory(const CategorySpec &category)
 
 void SqlCatalogBuilder::addField(const FieldSpec &field)
 {
+    if (d->fastFields) {
+        if (!d->transaction)
+            throw CatalogError(Finished);
+        d->fastFields->insert(++d->fieldCount, field);
+        return;
+    }
     QSqlQuery &q = d->fields;
     q.bindValue(0, ++d->fieldCount);
     q.bindValue(1, field.id);

@@ -1,10 +1,9 @@
 #include "catalog/sqlitefieldscan.h"
 
 #include "catalog/sqlconnection.h"
+#include "catalog/sqliteconnectionhandle.h"
 
 #include <PickerCtl/MemoryCatalog.h>
-
-#include <QSqlDriver>
 
 #include <sqlite3.h>
 
@@ -19,7 +18,6 @@ namespace {
 const char *const FieldsInOrder =
     "SELECT id, category_key, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
     "validation_status, description, unit FROM fields ORDER BY position";
-const auto HandleType = "sqlite3*";
 
 struct TextHash
 {
@@ -57,16 +55,6 @@ std::string_view textAt(sqlite3_stmt *statement, int column)
     return text ? std::string_view(text, size_t(sqlite3_column_bytes(statement, column))) : std::string_view();
 }
 
-sqlite3 *handleOf(const SqlConnection &connection)
-{
-    if (!connection.isSqlite())
-        return nullptr;
-    const QVariant handle = connection.database().driver()->handle();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), HandleType) != 0)
-        return nullptr;
-    return *static_cast<sqlite3 *const *>(handle.constData());
-}
-
 struct Statement
 {
     ~Statement() { sqlite3_finalize(statement); }
@@ -77,7 +65,7 @@ struct Statement
 
 bool scanSqliteFields(const SqlConnection &connection, MemoryCatalog &catalog)
 {
-    sqlite3 *db = handleOf(connection);
+    sqlite3 *db = sqliteHandle(connection);
     if (!db)
         return false;
 
