@@ -71,7 +71,7 @@ FieldsPtr bigFields()
         all->reserve(kRows);
         // Names in a scrambled order so that a sort has real work to do.
         for (int i = 0; i < kRows; ++i)
-            all->Add(std::make_shared<BenchField>(i, QStringLiteral("Field %1").arg((i * 7919) % kRows)));
+            all->Add(std::make_shared<BenchField>(i, QStringLiteral("Field %1").arg(qint64(i) * 7919 % kRows)));
         return all;
     }();
     return fields;

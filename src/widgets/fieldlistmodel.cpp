@@ -1,11 +1,11 @@
 #include "widgets/fieldlistmodel.h"
 
 #include "widgets/fieldlisticons.h"
+#include "widgets/fieldlistmodelsort.h"
 
 #include <PickerCtl/FieldCatalog.h>
 #include <PickerCtl/TechnologyTypes.h>
 
-#include <QCollator>
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -224,19 +224,13 @@ void FieldListModel::sort(int column, Qt::SortOrder order)
             return ascending ? ids[size_t(a)] < ids[size_t(b)] : ids[size_t(b)] < ids[size_t(a)];
         });
     } else {
-        // Collation keys are computed once per row, so the n log n comparisons are plain byte
-        // compares. The text is case-folded first: not every collation back end honours
-        // case-insensitivity (the C locale's does not).
-        QCollator collator;
-        collator.setCaseSensitivity(Qt::CaseInsensitive);
-        std::vector<QCollatorSortKey> keys;
-        keys.reserve(size_t(count));
-        for (int i = 0; i < count; ++i)
-            keys.push_back(collator.sortKey(cellText(*m_fields->at(i), column).toCaseFolded()));
-        std::stable_sort(rows.begin(), rows.end(), [&keys, ascending](int a, int b) {
-            return ascending ? keys[size_t(a)].compare(keys[size_t(b)]) < 0
-                             : keys[size_t(b)].compare(keys[size_t(a)]) < 0;
-        });
+        std::vector<QString> texts;
+        texts.reserve(size_t(count));
+        for (int i = 0; i < count; ++i) {
+            const FieldPtr &field = m_fields->at(i);
+            texts.push_back(field ? cellText(*field, column) : QString());
+        }
+        rows = FieldListSort::textOrder(texts, ascending);
     }
     applyOrder(std::move(rows), column, order);
 }

@@ -20,6 +20,14 @@ private:
         return names;
     }
 
+    static QStringList shownNameList(const FieldListModel &model)
+    {
+        QStringList names;
+        for (int row = 0; row < model.rowCount(); ++row)
+            names << model.index(row, FieldListModel::NameColumn).data().toString();
+        return names;
+    }
+
 private Q_SLOTS:
     void shouldStayConsistentThroughEveryChange()
     {
@@ -69,6 +77,53 @@ private Q_SLOTS:
         QCOMPARE(namesOf(fields), QStringLiteral("DaCb"));
         model.clearSort();
         QCOMPARE(shownNames(model), QStringLiteral("DaCb"));
+    }
+
+    void shouldSortNamesInTheListOrder_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QStringList>("ascending");
+        QTest::addColumn<QStringList>("descending");
+        // Ties keep the collection's order in both directions.
+        QTest::newRow("case is ignored") << QStringList{u"beta"_qs, u"ALPHA"_qs, u"Alpha2"_qs, u"alpha"_qs}
+                                         << QStringList{u"ALPHA"_qs, u"alpha"_qs, u"Alpha2"_qs, u"beta"_qs}
+                                         << QStringList{u"beta"_qs, u"Alpha2"_qs, u"ALPHA"_qs, u"alpha"_qs};
+        QTest::newRow("numbers are text") << QStringList{u"Cell 2"_qs, u"Cell 10"_qs, u"Cell 1"_qs}
+                                          << QStringList{u"Cell 1"_qs, u"Cell 10"_qs, u"Cell 2"_qs}
+                                          << QStringList{u"Cell 2"_qs, u"Cell 10"_qs, u"Cell 1"_qs};
+        QTest::newRow("accents after the alphabet")
+            << QStringList{u"\u00c9cole"_qs, u"zone"_qs, u"Ecole"_qs, u"\u00e9COLE"_qs}
+            << QStringList{u"Ecole"_qs, u"zone"_qs, u"\u00c9cole"_qs, u"\u00e9COLE"_qs}
+            << QStringList{u"\u00c9cole"_qs, u"\u00e9COLE"_qs, u"zone"_qs, u"Ecole"_qs};
+        QTest::newRow("long shared prefix") << QStringList{u"Traffic Channel Drops B"_qs, u"traffic channel drops a"_qs,
+                                                           u"Traffic Channel Drops"_qs}
+                                            << QStringList{u"Traffic Channel Drops"_qs, u"traffic channel drops a"_qs,
+                                                           u"Traffic Channel Drops B"_qs}
+                                            << QStringList{u"Traffic Channel Drops B"_qs, u"traffic channel drops a"_qs,
+                                                           u"Traffic Channel Drops"_qs};
+        QTest::newRow("empty and punctuation") << QStringList{u"b"_qs, u""_qs, u"_x"_qs, u"A"_qs, u"1"_qs}
+                                               << QStringList{u""_qs, u"1"_qs, u"_x"_qs, u"A"_qs, u"b"_qs}
+                                               << QStringList{u"b"_qs, u"A"_qs, u"_x"_qs, u"1"_qs, u""_qs};
+        QTest::newRow("beyond the basic plane") << QStringList{u"\U0001D400"_qs, u"\uFF21"_qs, u"a"_qs}
+                                                << QStringList{u"a"_qs, u"\uFF21"_qs, u"\U0001D400"_qs}
+                                                << QStringList{u"\U0001D400"_qs, u"\uFF21"_qs, u"a"_qs};
+    }
+
+    void shouldSortNamesInTheListOrder()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(QStringList, ascending);
+        QFETCH(QStringList, descending);
+        auto fields = Fields::create();
+        for (const QString &name : names)
+            fields->Add(std::make_shared<StaticListTestField>(int(fields->Count()) + 1, name));
+        FieldListModel model;
+        model.setFields(fields);
+
+        model.sort(FieldListModel::NameColumn, Qt::AscendingOrder);
+        QCOMPARE(shownNameList(model), ascending);
+        model.sort(FieldListModel::NameColumn, Qt::DescendingOrder);
+        QCOMPARE(shownNameList(model), descending);
     }
 
     void shouldIgnoreSortWhileSortingIsDisabled()
