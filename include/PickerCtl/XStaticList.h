@@ -7,6 +7,7 @@
 #include <PickerCtl/pickerctl_export.h>
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 class QMimeData;
@@ -153,6 +154,15 @@ public:
     /// True: selected items can be dragged out of the list.
     bool AllowDragDrop() const;
     void setAllowDragDrop(bool on);
+    /// Carries out a drag of `data` offering `allowed` and returns the drop's effect.
+    using DragExecutor = std::function<Qt::DropAction(std::unique_ptr<QMimeData> data, Qt::DropActions allowed)>;
+    /// Replaces the modal QDrag::exec (a null executor restores it): an embedding that drags by
+    /// its own means, or a test that must not block, supplies the effect itself.
+    void setDragExecutor(DragExecutor executor);
+    /// Drags the selection as the views do when the mouse pulls it: nothing happens unless
+    /// AllowDragDrop is on and an item is selected; otherwise DragStarted, DragDataRequested for
+    /// each format, the drag itself and DragCompleted once.
+    void startDrag(Qt::DropActions allowed);
     EListStyle ListStyle() const;
     void setListStyle(EListStyle style);
     EArrangeIcons ArrangeIcons() const;

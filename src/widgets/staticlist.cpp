@@ -74,6 +74,7 @@ struct XStaticList::Private
     EArrangeIcons arrange = stlArrangeAuto;
     bool multiSelect = true;
     bool allowDragDrop = false;
+    XStaticList::DragExecutor dragExecutor;
     bool frozen = false;
     int updateDepth = 0;
     int nameMinimum = kDefaultNameMinimum;
@@ -95,6 +96,7 @@ struct XStaticList::Private
     void showSortIndicator();
     void prepareHeaderMenu();
     void runDrag(Qt::DropActions supported);
+    Qt::DropAction execDrag(std::unique_ptr<QMimeData> data, Qt::DropActions supported);
     void configureIconView();
 };
 
@@ -242,15 +244,22 @@ void XStaticList::Private::runDrag(Qt::DropActions supported)
 {
     if (!allowDragDrop || frozen || !selection()->hasSelection())
         return;
-    auto *data = new QMimeData;
-    Q_EMIT q->DragStarted(data, supported);
+    auto data = std::make_unique<QMimeData>();
+    Q_EMIT q->DragStarted(data.get(), supported);
     const QStringList formats = data->formats();
     for (const QString &format : formats)
-        Q_EMIT q->DragDataRequested(data, format);
-    auto *drag = new QDrag(q->view());
-    drag->setMimeData(data);
-    const Qt::DropAction effect = drag->exec(supported, Qt::CopyAction);
+        Q_EMIT q->DragDataRequested(data.get(), format);
+    const Qt::DropAction effect = dragExecutor ? dragExecutor(std::move(data), supported)
+                                               : execDrag(std::move(data), supported);
     Q_EMIT q->DragCompleted(effect);
+}
+
+Qt::DropAction XStaticList::Private::execDrag(std::unique_ptr<QMimeData> data, Qt::DropActions supported)
+{
+    // The drag owns its data and deletes itself when exec returns.
+    auto *drag = new QDrag(q->view());
+    drag->setMimeData(data.release());
+    return drag->exec(supported, Qt::CopyAction);
 }
 
 void XStaticList::Private::configureIconView()
@@ -662,6 +671,16 @@ void XStaticList::setMultiSelect(bool on)
                                                                                             : d->selectedSpans().front().first;
         d->select({{keep, keep}});
     }
+}
+
+void XStaticList::setDragExecutor(DragExecutor executor)
+{
+    d->dragExecutor = std::move(executor);
+}
+
+void XStaticList::startDrag(Qt::DropActions allowed)
+{
+    d->runDrag(allowed);
 }
 
 bool XStaticList::AllowDragDrop() const
