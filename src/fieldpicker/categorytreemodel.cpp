@@ -13,9 +13,29 @@ namespace {
 constexpr auto DuplicateKeyMessage = "The category tree holds the key \"%1\" twice.";
 constexpr auto UnknownParentMessage = "The category tree holds no node \"%1\" to add \"%2\" under.";
 
-bool textBefore(const QString &a, const QString &b)
+char16_t foldAscii(char16_t c)
 {
-    return QString::compare(a, b, Qt::CaseInsensitive) < 0;
+    return c >= u'A' && c <= u'Z' ? char16_t(c + (u'a' - u'A')) : c;
+}
+
+// Node texts are mostly plain ASCII: fold those characters in place and hand anything else to
+// Qt's full case folding, which orders exactly as QString::compare without case would.
+bool textBefore(QStringView a, QStringView b)
+{
+    const qsizetype common = std::min(a.size(), b.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        const char16_t x = a[i].unicode();
+        const char16_t y = b[i].unicode();
+        if (x == y)
+            continue;
+        if (x >= 0x80 || y >= 0x80)
+            return a.sliced(i).compare(b.sliced(i), Qt::CaseInsensitive) < 0;
+        const char16_t fx = foldAscii(x);
+        const char16_t fy = foldAscii(y);
+        if (fx != fy)
+            return fx < fy;
+    }
+    return a.size() < b.size();
 }
 
 } // namespace
@@ -70,11 +90,34 @@ void CategoryTreeModel::addNode(const QString &parentKey, const QString &key, co
     insertNode(it.value(), key, text, image, selectedImage, tag);
 }
 
-void CategoryTreeModel::insertNode(qsizetype parent, const QString &key, const QString &text,
-                                   const QString &image, const QString &selectedImage,
-                                   const FieldCategoryPtr &tag)
+void CategoryTreeModel::addBranch(const QString &parentKey, const std::vector<BranchNode> &branch,
+                                  const QString &image, const QString &selectedImage)
 {
-    if (m_byKey.contains(key))
+    if (branch.empty())
+        return;
+    const auto it = m_byKey.constFind(parentKey);
+    if (it == m_byKey.constEnd())
+        throw CatalogError(QString::fromLatin1(UnknownParentMessage).arg(parentKey, branch.front().category->Key()));
+    const qsizetype top = it.value();
+    m_nodes.reserve(m_nodes.size() + branch.size());
+    m_byKey.reserve(m_byKey.size() + qsizetype(branch.size()));
+    std::vector<qsizetype> ids;
+    ids.reserve(branch.size());
+    for (const BranchNode &entry : branch) {
+        const qsizetype parent = entry.parent == BranchNode::NoParent ? top : ids[size_t(entry.parent)];
+        ids.push_back(insertNode(parent, entry.category->Key(), entry.category->Caption(), image, selectedImage,
+                                 entry.category));
+    }
+}
+
+qsizetype CategoryTreeModel::insertNode(qsizetype parent, const QString &key, const QString &text,
+                                        const QString &image, const QString &selectedImage,
+                                        const FieldCategoryPtr &tag)
+{
+    // One probe both finds a duplicate and makes the entry.
+    const qsizetype before = m_byKey.size();
+    qsizetype &slot = m_byKey[key];
+    if (m_byKey.size() == before)
         throw CatalogError(QString::fromLatin1(DuplicateKeyMessage).arg(key));
 
     auto &siblings = childrenOf(parent);
@@ -96,13 +139,14 @@ void CategoryTreeModel::insertNode(qsizetype parent, const QString &key, const Q
         beginInsertRows(parentIndex, row, row);
     }
     m_nodes.push_back(Node{key, text, image, selectedImage, tag, parent, row, false, {}});
-    m_byKey.insert(key, id);
+    slot = id;
     auto &children = childrenOf(parent); // push_back may have moved the parent's vector
     children.insert(children.begin() + row, id);
     for (size_t i = size_t(row) + 1; i < children.size(); ++i)
         m_nodes[size_t(children[i])].row = int(i);
     if (announce)
         endInsertRows();
+    return id;
 }
 
 QString CategoryTreeModel::keyAt(qsizetype order) const

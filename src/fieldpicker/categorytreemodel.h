@@ -56,6 +56,20 @@ public:
     void addNode(const QString &parentKey, const QString &key, const QString &text, const QString &image,
                  const QString &selectedImage, const FieldCategoryPtr &tag);
 
+    /// One node of a whole branch added at once: parent is the position of an earlier entry of the
+    /// same batch, or NoParent for the node the branch hangs under.
+    struct BranchNode
+    {
+        static constexpr qsizetype NoParent = -1;
+        qsizetype parent = NoParent;
+        FieldCategoryPtr category;
+    };
+    /// Adds a pre-order list of category nodes (key, caption, the given images, the category as tag)
+    /// under the node keyed parentKey, reserving room for all of them first; throws CatalogError
+    /// like addNode. Nodes added before a failure stay in the tree.
+    void addBranch(const QString &parentKey, const std::vector<BranchNode> &branch, const QString &image,
+                   const QString &selectedImage);
+
     /// Number of nodes in the whole tree.
     qsizetype nodeCount() const { return qsizetype(m_nodes.size()); }
     /// Key of the node added at that position (0: the first node added).
@@ -95,8 +109,8 @@ private:
         std::vector<qsizetype> children;
     };
 
-    void insertNode(qsizetype parent, const QString &key, const QString &text, const QString &image,
-                    const QString &selectedImage, const FieldCategoryPtr &tag);
+    qsizetype insertNode(qsizetype parent, const QString &key, const QString &text, const QString &image,
+                         const QString &selectedImage, const FieldCategoryPtr &tag);
     const Node *nodeOf(const QModelIndex &index) const;
     std::vector<qsizetype> &childrenOf(qsizetype node);
     void sortChildren(qsizetype node);
