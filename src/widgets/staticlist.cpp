@@ -31,6 +31,10 @@ constexpr int kDefaultNameMinimum = 80;
 constexpr int kDefaultNameWidth = 140;
 constexpr int kDefaultColumnWidth = 100;
 constexpr int kDefaultDescriptionWidth = 200;
+constexpr int kDefaultTechnologyWidth = 140;
+// Measurement names run long ("DRB.IPThpDl.QCI", "RRC.ConnEstabAtt.Cause"); a fresh list shows
+// this many average characters of them before the user sizes the column.
+constexpr int kNameDefaultCharacters = 34;
 constexpr int kLargeIconSize = 32;
 constexpr int kSmallIconSize = 16;
 
@@ -124,9 +128,11 @@ void XStaticList::Private::select(const RowSpans &spans)
 int XStaticList::Private::defaultWidth(int column) const
 {
     if (column == FieldListModel::NameColumn)
-        return nameDefault;
+        return qMax(nameDefault, q->fontMetrics().averageCharWidth() * kNameDefaultCharacters);
     if (column == FieldListModel::DescriptionColumn)
         return kDefaultDescriptionWidth;
+    if (column == FieldListModel::TechnologyColumn)
+        return kDefaultTechnologyWidth;
     return kDefaultColumnWidth;
 }
 
@@ -729,7 +735,7 @@ void XStaticList::SetSizing(int minimumNameWidth, int defaultNameWidth)
     QHeaderView *header = d->tree->header();
     if (header->sectionSize(FieldListModel::NameColumn) < d->nameMinimum
         || d->properties->IsEmpty())
-        header->resizeSection(FieldListModel::NameColumn, d->nameDefault);
+        header->resizeSection(FieldListModel::NameColumn, d->defaultWidth(FieldListModel::NameColumn));
 }
 
 bool XStaticList::SortingEnabled() const
