@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace PickerCtl;
 
 namespace {
@@ -22,6 +24,9 @@ constexpr auto CaptionsLabel = "Captions";
 constexpr auto EntityViewLabel = "Entity view";
 constexpr auto ShowAllLabel = "Show all at the root";
 constexpr auto StatusFormat = "%1   |   selected: %2   |   splitter left: %3 twips   |   category: %4";
+// Lets a screenshot run start in one view mode: both, list or tree (the order of ViewModes).
+constexpr auto InitialViewVariable = "PICKERCTL_GALLERY_VIEW";
+const QStringList InitialViewNames{QStringLiteral("both"), QStringLiteral("list"), QStringLiteral("tree")};
 const QStringList ViewModes{QStringLiteral("Tree and list"), QStringLiteral("List only"),
                             QStringLiteral("Tree only")};
 const QStringList RootModes{QStringLiteral("Entities"), QStringLiteral("Generic")};
@@ -75,6 +80,8 @@ public:
         m_layout->addLayout(strip);
         m_layout->addWidget(m_status);
 
+        m_view->setCurrentIndex(std::max<qsizetype>(
+            0, InitialViewNames.indexOf(qEnvironmentVariable(InitialViewVariable).trimmed().toLower())));
         for (QComboBox *combo : {m_view, m_root, m_branch})
             connect(combo, &QComboBox::currentIndexChanged, this, [this] { rebuild(); });
         for (QCheckBox *check : {m_captions, m_entityView, m_showAll})

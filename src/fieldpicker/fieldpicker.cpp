@@ -85,6 +85,8 @@ void XFieldPicker::Private::createChildren()
     lblSplitter->setObjectName(QStringLiteral("lblSplitter"));
     lblSplitter->setAutoFillBackground(true);
     lblSplitter->setFrameShape(QFrame::NoFrame);
+    // Tree-only mode leaves the bar as it was; beneath the panes it cannot show through the tree.
+    lblSplitter->lower();
 
     // The scratch surface the splitter may draw a ghost bar on while the bar is dragged.
     pbTemp = new QFrame(q);
