@@ -92,10 +92,20 @@ int fail(const QString &message, bool interactive)
     return 1;
 }
 
+// A screenshot needs no display: unless a platform was chosen, render offscreen.
+void chooseScreenshotPlatform(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        if (qstrncmp(argv[i], "--screenshot", 12) == 0 && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    chooseScreenshotPlatform(argc, argv);
     QApplication app(argc, argv);
     QApplication::setApplicationName(AppName);
 
