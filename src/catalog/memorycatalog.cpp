@@ -1,5 +1,6 @@
 #include <PickerCtl/MemoryCatalog.h>
 
+#include "catalog/fieldchunk.h"
 #include "catalog/catalogtables.h"
 #include "catalog/memorycategory.h"
 #include "catalog/memoryfield.h"
@@ -56,6 +57,7 @@ struct MemoryCatalog::Private
     PropertyStorePtr properties;
     std::shared_ptr<CatalogWriter> writer;
     std::shared_ptr<FieldUpdates> fieldUpdates;
+    FieldChunks fieldChunks;
 
     const Application *application(const QString &name) const
     {
@@ -176,7 +178,7 @@ void MemoryCatalog::addField(const FieldSpec &spec)
         throw CatalogError(kUnknownCategory.arg(spec.name, spec.categoryKey));
     if (d->fieldIndex->byId.contains(spec.id))
         throw CatalogError(kDuplicateField.arg(spec.id));
-    auto field = std::make_shared<MemoryField>(d->tables, category->index(), spec);
+    const std::shared_ptr<MemoryField> field = d->fieldChunks.make(d->tables, category->index(), spec);
     category->Fields()->Add(field);
     d->fieldIndex->byId.insert(spec.id, field);
     d->applications[size_t(category->appIndex())].data->invalidate();
