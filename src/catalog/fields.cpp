@@ -1,5 +1,7 @@
 #include <PickerCtl/Fields.h>
 
+#include "catalog/variantnumber.h"
+
 namespace PickerCtl {
 
 namespace {
@@ -14,22 +16,10 @@ void indexFirstIn(QHash<QString, qsizetype> &index, const QString &key, qsizetyp
 // A variant holding a number addresses by position; anything else is read as a key.
 bool isPosition(const QVariant &keyOrIndex, qsizetype &index)
 {
-    switch (keyOrIndex.metaType().id()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        index = qsizetype(keyOrIndex.toLongLong());
-        return true;
-    default:
+    if (!holdsNumber(keyOrIndex))
         return false;
-    }
+    index = qsizetype(keyOrIndex.toLongLong());
+    return true;
 }
 } // namespace
 

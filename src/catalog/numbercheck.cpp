@@ -1,4 +1,5 @@
 #include "catalog/numbercheck.h"
+#include "catalog/variantnumber.h"
 
 #include <cmath>
 #include <limits>
@@ -24,24 +25,6 @@ const QString kEllipsis = QStringLiteral("...");
 // A pasted novel must not turn into a message box the size of the screen.
 constexpr qsizetype kMaxQuotedLength = 40;
 
-bool isNumericType(const QVariant &value)
-{
-    switch (value.metaType().id()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
 
 QString quoted(const QVariant &value)
 {
@@ -52,7 +35,7 @@ QString quoted(const QVariant &value)
 // Reads a real number from a variant: numbers as they are, texts in the user's locale, then in C.
 std::optional<double> readReal(const QVariant &value, const QLocale &locale)
 {
-    if (isNumericType(value))
+    if (holdsNumber(value))
         return value.toDouble();
     const QString text = value.toString().trimmed();
     if (text.isEmpty())
@@ -102,7 +85,7 @@ bool inRange(double number, std::optional<double> low, std::optional<double> hig
 
 bool isBlank(const QVariant &value)
 {
-    return !isNumericType(value) && value.toString().trimmed().isEmpty();
+    return !holdsNumber(value) && value.toString().trimmed().isEmpty();
 }
 
 } // namespace

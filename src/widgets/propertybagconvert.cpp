@@ -1,5 +1,7 @@
 #include <PickerCtl/PropertyBag.h>
 
+#include "catalog/variantnumber.h"
+
 #include <QApplication>
 #include <QColor>
 #include <QFont>
@@ -44,27 +46,6 @@ constexpr SystemColor SystemColors[] = {
     {0x18, QPalette::Active, QPalette::ToolTipBase},     // tooltip background
 };
 
-bool isNumber(const QVariant &value)
-{
-    switch (value.metaType().id()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Long:
-    case QMetaType::ULong:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
 
 bool isText(const QVariant &value)
 {
@@ -82,7 +63,7 @@ std::optional<double> realOf(const QVariant &value)
 {
     double result = 0;
     bool ok = false;
-    if (isNumber(value)) {
+    if (holdsNumber(value)) {
         result = value.toDouble(&ok);
     } else if (isText(value)) {
         result = textOf(value).trimmed().toDouble(&ok);
@@ -115,7 +96,7 @@ std::optional<bool> boolOf(const QVariant &value)
 {
     if (value.metaType().id() == QMetaType::Bool)
         return value.toBool();
-    if (isNumber(value))
+    if (holdsNumber(value))
         return value.toDouble() != 0;
     if (isText(value)) {
         const QString text = textOf(value).trimmed().toLower();
@@ -145,7 +126,7 @@ std::optional<QString> stringOf(const QVariant &value)
         return color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
     }
     default:
-        if (isNumber(value))
+        if (holdsNumber(value))
             return value.toString();
         return std::nullopt;
     }
