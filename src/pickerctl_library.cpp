@@ -1,6 +1,11 @@
 // The shared library is assembled from the internal areas; this unit carries its version.
-#include <PickerCtl/pickerctl_export.h>
+#include <PickerCtl/Version.h>
 
 namespace PickerCtl {
-PICKERCTL_EXPORT const char *libraryVersion() { return "0.1.0"; }
+
+const char *libraryVersion()
+{
+    return PICKERCTL_VERSION;
 }
+
+} // namespace PickerCtl
