@@ -171,17 +171,18 @@ void FieldListModel::removeSourceRow(int sourceRowNumber)
     endRemoveRows();
 }
 
-bool FieldListModel::moveRowBy(int row, int delta)
+bool FieldListModel::moveRowsBy(int first, int last, int delta)
 {
-    const int target = row + delta;
-    if (isSorted() || !m_fields || (delta != 1 && delta != -1) || row < 0 || target < 0
-        || row >= rowCount() || target >= rowCount())
+    const int neighbour = delta > 0 ? last + 1 : first - 1;
+    if (isSorted() || !m_fields || (delta != 1 && delta != -1) || first < 0 || first > last
+        || last >= rowCount() || neighbour < 0 || neighbour >= rowCount())
         return false;
-    // Qt counts the destination before the move: one further down means two rows on.
-    const int destination = delta > 0 ? row + 2 : target;
-    if (!beginMoveRows(QModelIndex(), row, row, QModelIndex(), destination))
+    // Qt counts the destination before the move: one further down means two rows past the block.
+    const int destination = delta > 0 ? last + 2 : neighbour;
+    if (!beginMoveRows(QModelIndex(), first, last, QModelIndex(), destination))
         return false;
-    m_fields->move(row, target);
+    // The block passing its neighbour is the neighbour passing the block: one item moves.
+    m_fields->move(neighbour, delta > 0 ? first : last);
     endMoveRows();
     return true;
 }

@@ -74,7 +74,9 @@ public:
     /// Removes the collection's item at that position.
     void removeSourceRow(int sourceRowNumber);
     /// Moves one row by one place (up when delta is -1, down when +1); only while unsorted.
-    bool moveRowBy(int row, int delta);
+    bool moveRowBy(int row, int delta) { return moveRowsBy(row, row, delta); }
+    /// Moves the rows first..last together by one place; only while unsorted.
+    bool moveRowsBy(int first, int last, int delta);
 
     bool isSortingEnabled() const { return m_sortingEnabled; }
     /// Switching sorting off also drops an active sort.

@@ -97,6 +97,7 @@ struct XStaticList::Private
     void recordLayout();
     void watchProperties(const ListViewPropertiesPtr &newProperties);
     void sortKeepingSelection(int column, Qt::SortOrder order);
+    void moveSelection(int delta);
     void showSortIndicator();
     void prepareHeaderMenu();
     void runDrag(Qt::DropActions supported);
@@ -210,6 +211,15 @@ void XStaticList::Private::sortKeepingSelection(int column, Qt::SortOrder order)
     icons->viewport()->update();
     showSortIndicator();
     recordLayout();
+}
+
+void XStaticList::Private::moveSelection(int delta)
+{
+    const RowSpans spans = selectedSpans();
+    const RowSpans moving = movingSpans(spans, model->rowCount(), delta);
+    for (const auto &span : moving)
+        model->moveRowsBy(span.first, span.second, delta);
+    select(movedSpans(spans, moving, delta));
 }
 
 void XStaticList::Private::showSortIndicator()
@@ -517,24 +527,14 @@ bool XStaticList::EnsureVisible(const FieldPtr &field)
 
 void XStaticList::MoveSelectionUp()
 {
-    if (!CanMoveUp())
-        return;
-    const RowSpans spans = d->selectedSpans();
-    const auto moves = selectionMoves(spans, Count(), -1);
-    for (const RowMove &move : moves)
-        d->model->moveRowBy(move.row, move.delta);
-    d->select(movedSpans(spans, moves));
+    if (CanMoveUp())
+        d->moveSelection(-1);
 }
 
 void XStaticList::MoveSelectionDown()
 {
-    if (!CanMoveDown())
-        return;
-    const RowSpans spans = d->selectedSpans();
-    const auto moves = selectionMoves(spans, Count(), 1);
-    for (const RowMove &move : moves)
-        d->model->moveRowBy(move.row, move.delta);
-    d->select(movedSpans(spans, moves));
+    if (CanMoveDown())
+        d->moveSelection(1);
 }
 
 bool XStaticList::CanMoveUp() const

@@ -81,53 +81,34 @@ QItemSelection selectionOf(const RowSpans &spans, const QAbstractItemModel *mode
     return selection;
 }
 
-std::vector<RowMove> selectionMoves(const RowSpans &selected, int rowCount, int delta)
+RowSpans movingSpans(const RowSpans &selected, int rowCount, int delta)
 {
-    std::vector<RowMove> moves;
-    if (delta == -1) {
-        int blocked = 0;  // rows above this one are taken by the block at the top edge
-        for (const auto &span : selected) {
-            if (span.first == blocked) {
-                blocked = span.second + 1;
-                continue;
-            }
-            for (int row = span.first; row <= span.second; ++row)
-                moves.push_back({row, -1});
-            blocked = span.second + 1;
-        }
-    } else if (delta == 1) {
-        int blocked = rowCount - 1;
-        for (auto it = selected.rbegin(); it != selected.rend(); ++it) {
-            if (it->second == blocked) {
-                blocked = it->first - 1;
-                continue;
-            }
-            for (int row = it->second; row >= it->first; --row)
-                moves.push_back({row, 1});
-            blocked = it->first - 1;
-        }
-    }
-    return moves;
+    if (selected.empty() || (delta != -1 && delta != 1))
+        return {};
+    // Merged spans leave a gap between them, so only a span at the edge it moves towards stays.
+    auto first = selected.begin();
+    auto last = selected.end();
+    if (delta == -1 && first->first == 0)
+        ++first;
+    else if (delta == 1 && selected.back().second == rowCount - 1)
+        --last;
+    return RowSpans(first, last);
 }
 
-RowSpans movedSpans(const RowSpans &selected, const std::vector<RowMove> &moves)
+RowSpans movedSpans(const RowSpans &selected, const RowSpans &moving, int delta)
 {
-    std::vector<int> rows;
-    rows.reserve(size_t(rowCountOf(selected)));
+    RowSpans spans;
+    spans.reserve(selected.size());
+    auto next = moving.begin();
     for (const auto &span : selected) {
-        for (int row = span.first; row <= span.second; ++row)
-            rows.push_back(row);
+        if (next != moving.end() && *next == span) {
+            spans.emplace_back(span.first + delta, span.second + delta);
+            ++next;
+        } else {
+            spans.push_back(span);
+        }
     }
-    std::vector<int> movedRows;
-    movedRows.reserve(moves.size());
-    for (const RowMove &move : moves)
-        movedRows.push_back(move.row);
-    std::sort(movedRows.begin(), movedRows.end());
-    for (int &row : rows) {
-        if (std::binary_search(movedRows.begin(), movedRows.end(), row))
-            row += moves.front().delta;
-    }
-    return rowSpansOfRows(std::move(rows));
+    return merged(std::move(spans));
 }
 
 } // namespace PickerCtl

@@ -19,20 +19,14 @@ qint64 rowCountOf(const RowSpans &spans);
 /// Whole-row selection ranges of the model for the spans.
 QItemSelection selectionOf(const RowSpans &spans, const QAbstractItemModel *model);
 
-/// One step of a selection move: the row that moves by one place (-1 up, +1 down).
-struct RowMove
-{
-    int row;
-    int delta;
-};
-
 /**
- * Moves that take every selected row one place up (delta -1) or down (+1). A selected block at
- * the edge stays where it is and stops the rows that follow it, so gaps between selected rows
- * close up one place at a time and nothing leaves the list. Moves are in the order to apply them.
+ * The selected spans that move one place up (delta -1) or down (+1), in ascending order. A
+ * selected block at the edge stays where it is, so gaps between selected rows close up one
+ * place at a time and nothing leaves the list. The selection must be merged spans: then the
+ * moving spans never share a neighbour and may be applied in any order.
  */
-std::vector<RowMove> selectionMoves(const RowSpans &selected, int rowCount, int delta);
-/// The selected spans after those moves.
-RowSpans movedSpans(const RowSpans &selected, const std::vector<RowMove> &moves);
+RowSpans movingSpans(const RowSpans &selected, int rowCount, int delta);
+/// The selected spans after the moving ones (a subset of them) moved by delta.
+RowSpans movedSpans(const RowSpans &selected, const RowSpans &moving, int delta);
 
 } // namespace PickerCtl
