@@ -502,7 +502,7 @@ void XStaticList::SelectItems(const FieldsPtr &fields)
         }
     }
     if (!d->multiSelect && rows.size() > 1)
-        rows.resize(1);
+        rows.erase(rows.begin() + 1, rows.end());
     d->select(rowSpansOfRows(std::move(rows)));
 }
 
