@@ -110,7 +110,6 @@ void XFieldPicker::Private::createServices()
     singleFieldDragCursor = fieldpicker::createSingleFieldDragCursor();
     multipleFieldsDragCursor = fieldpicker::createMultipleFieldsDragCursor();
 
-    shownFields = Fields::create();
     splitter = new Splitter(q);
     splitter->setObjectName(QStringLiteral("splitter"));
     QObject::connect(splitter, &Splitter::Split, q, [this] { onSplit(); });
@@ -133,7 +132,6 @@ XFieldPicker::Private::~Private()
     currentCategory.reset();
     clipData.reset();
     dragClipData.reset();
-    shownFields.reset();
     singleFieldDragCursor = QCursor();
     multipleFieldsDragCursor = QCursor();
     delete splitter;

@@ -78,7 +78,6 @@ bool XFieldPicker::Load(const QString &sAppNameA, const QString &sCategoryNameA,
     if (!done) {
         // The tree may hold half a catalogue; the next Load of the application builds it anew.
         d->appName.clear();
-        d->loaded = false;
     }
     return done;
 }
@@ -116,7 +115,6 @@ void XFieldPicker::Private::load(const QString &appNameA, const QString &categor
             q->ClearAll();
             appName = appNameA;
             buildTree(tree, categoryNameA);
-            loaded = true;
         } else {
             currentCategory = catalog->GetCategory(appName, categoryNameA);
         }
@@ -302,7 +300,6 @@ void XFieldPicker::Private::fillList()
     }
     if (!source)
         source = Fields::create();
-    shownFields = source;
 
     // The fields of a whole application lie far apart in memory; asking for a field a few steps
     // ahead keeps the filter pass from waiting on each one in turn.

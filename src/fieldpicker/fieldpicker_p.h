@@ -100,16 +100,11 @@ struct XFieldPicker::Private
     bool showAll = false;
     bool showEntityFld = false;
     bool dataValid = false;
-    bool loaded = false;
 
     QString appName;
-    QString categoryName;
     QString editorName;
     QString clipboardFormatName;
     FieldCategoryPtr currentCategory;
-    /// The fields of the current view before filtering; the tree menu's open-editor entry hands
-    /// these over.
-    FieldsPtr shownFields;
     quint16 clipboardFormatId = 0;
     FieldClipDataPtr clipData;
     FieldClipDataPtr dragClipData;
