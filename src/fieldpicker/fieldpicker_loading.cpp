@@ -286,7 +286,6 @@ bool XFieldPicker::Private::showsApplicationWideList() const
 
 void XFieldPicker::Private::fillList()
 {
-    WaitCursorGuard wait;
     const FieldsPtr result = Fields::create();
 
     FieldsPtr source;
