@@ -14,33 +14,10 @@ namespace {
 const QString kBuiltInAdministrator = QStringLiteral("admin");
 constexpr qint32 kBuiltInAdministratorId = 1;
 
-std::shared_ptr<FieldCatalog> &catalogSlot()
+template<class Service>
+std::shared_ptr<Service> &slotOf()
 {
-    thread_local std::shared_ptr<FieldCatalog> slot;
-    return slot;
-}
-
-std::shared_ptr<AppServices> &appServicesSlot()
-{
-    thread_local std::shared_ptr<AppServices> slot;
-    return slot;
-}
-
-std::shared_ptr<UserContext> &userContextSlot()
-{
-    thread_local std::shared_ptr<UserContext> slot;
-    return slot;
-}
-
-std::shared_ptr<MessageService> &messageServiceSlot()
-{
-    thread_local std::shared_ptr<MessageService> slot;
-    return slot;
-}
-
-std::shared_ptr<OwnerPicker> &ownerPickerSlot()
-{
-    thread_local std::shared_ptr<OwnerPicker> slot;
+    thread_local std::shared_ptr<Service> slot;
     return slot;
 }
 
@@ -63,7 +40,7 @@ std::shared_ptr<UserContext> defaultUserContext()
 
 std::shared_ptr<FieldCatalog> FieldCatalog::instance()
 {
-    auto &slot = catalogSlot();
+    auto &slot = slotOf<FieldCatalog>();
     if (!slot)
         slot = std::make_shared<MemoryCatalog>();
     return slot;
@@ -71,12 +48,12 @@ std::shared_ptr<FieldCatalog> FieldCatalog::instance()
 
 void FieldCatalog::setInstance(std::shared_ptr<FieldCatalog> catalog)
 {
-    catalogSlot() = std::move(catalog);
+    slotOf<FieldCatalog>() = std::move(catalog);
 }
 
 std::shared_ptr<AppServices> AppServices::instance()
 {
-    auto &slot = appServicesSlot();
+    auto &slot = slotOf<AppServices>();
     if (!slot)
         slot = std::make_shared<QtAppServices>();
     return slot;
@@ -84,12 +61,12 @@ std::shared_ptr<AppServices> AppServices::instance()
 
 void AppServices::setInstance(std::shared_ptr<AppServices> services)
 {
-    appServicesSlot() = std::move(services);
+    slotOf<AppServices>() = std::move(services);
 }
 
 std::shared_ptr<UserContext> UserContext::instance()
 {
-    auto &slot = userContextSlot();
+    auto &slot = slotOf<UserContext>();
     if (!slot)
         slot = defaultUserContext();
     return slot;
@@ -97,12 +74,12 @@ std::shared_ptr<UserContext> UserContext::instance()
 
 void UserContext::setInstance(std::shared_ptr<UserContext> context)
 {
-    userContextSlot() = std::move(context);
+    slotOf<UserContext>() = std::move(context);
 }
 
 std::shared_ptr<MessageService> MessageService::instance()
 {
-    auto &slot = messageServiceSlot();
+    auto &slot = slotOf<MessageService>();
     if (!slot)
         slot = std::make_shared<QtMessageService>();
     return slot;
@@ -110,12 +87,12 @@ std::shared_ptr<MessageService> MessageService::instance()
 
 void MessageService::setInstance(std::shared_ptr<MessageService> service)
 {
-    messageServiceSlot() = std::move(service);
+    slotOf<MessageService>() = std::move(service);
 }
 
 std::shared_ptr<OwnerPicker> OwnerPicker::instance()
 {
-    auto &slot = ownerPickerSlot();
+    auto &slot = slotOf<OwnerPicker>();
     if (!slot)
         slot = std::make_shared<QtOwnerPicker>();
     return slot;
@@ -123,7 +100,7 @@ std::shared_ptr<OwnerPicker> OwnerPicker::instance()
 
 void OwnerPicker::setInstance(std::shared_ptr<OwnerPicker> picker)
 {
-    ownerPickerSlot() = std::move(picker);
+    slotOf<OwnerPicker>() = std::move(picker);
 }
 
 } // namespace PickerCtl
