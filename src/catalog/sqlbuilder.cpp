@@ -17,11 +17,6 @@ const auto EnumMismatch = QStringLiteral(
     "The enumeration list \"%1\" has %2 names but %3 codes.");
 const auto Finished = QStringLiteral("The catalogue was already committed.");
 
-const auto KindBool = QStringLiteral("bool");
-const auto KindInt = QStringLiteral("int");
-const auto KindDouble = QStringLiteral("double");
-const auto KindString = QStringLiteral("string");
-
 QString insertInto(const char *table, const char *columns, int count)
 {
     QStringList marks;
@@ -200,15 +195,15 @@ void SqlCatalogBuilder::addEnumList(const QString &title, const QStringList &nam
 
 void SqlCatalogBuilder::setProperty(const QString &key, const QVariant &value)
 {
-    QString kind = KindString;
+    QString kind = SqlPropertyString;
     switch (value.typeId()) {
-    case QMetaType::Bool: kind = KindBool; break;
+    case QMetaType::Bool: kind = SqlPropertyBool; break;
     case QMetaType::Int:
     case QMetaType::LongLong:
     case QMetaType::UInt:
-    case QMetaType::ULongLong: kind = KindInt; break;
+    case QMetaType::ULongLong: kind = SqlPropertyInt; break;
     case QMetaType::Double:
-    case QMetaType::Float: kind = KindDouble; break;
+    case QMetaType::Float: kind = SqlPropertyDouble; break;
     default: break;
     }
     QSqlQuery &q = d->properties;

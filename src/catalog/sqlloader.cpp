@@ -2,6 +2,7 @@
 
 #include "catalog/sqlconnection.h"
 #include "catalog/sqlitefieldscan.h"
+#include "catalog/sqlschema.h"
 
 #include <PickerCtl/MemoryCatalog.h>
 
@@ -10,10 +11,6 @@
 namespace PickerCtl {
 
 namespace {
-
-const auto KindBool = QStringLiteral("bool");
-const auto KindInt = QStringLiteral("int");
-const auto KindDouble = QStringLiteral("double");
 
 /// Hands out one shared copy of each distinct text, so that a million fields carrying a few
 /// hundred distinct descriptions, units and masks hold a few hundred strings.
@@ -51,11 +48,11 @@ bool flag(const QSqlQuery &query, int column)
 
 QVariant propertyValue(const QString &text, const QString &kind)
 {
-    if (kind == KindBool)
+    if (kind == SqlPropertyBool)
         return QVariant(text == QLatin1String("true"));
-    if (kind == KindInt)
+    if (kind == SqlPropertyInt)
         return QVariant(text.toLongLong());
-    if (kind == KindDouble)
+    if (kind == SqlPropertyDouble)
         return QVariant(text.toDouble());
     return QVariant(text);
 }

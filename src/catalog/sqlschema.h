@@ -9,6 +9,12 @@ class SqlConnection;
 /// Version of the tables below; a catalogue written by a newer version is refused.
 constexpr int SqlSchemaVersion = 1;
 
+/// The kinds a stored property value is read back as; any other kind is a string.
+inline const QString SqlPropertyBool = QStringLiteral("bool");
+inline const QString SqlPropertyInt = QStringLiteral("int");
+inline const QString SqlPropertyDouble = QStringLiteral("double");
+inline const QString SqlPropertyString = QStringLiteral("string");
+
 /// Creates every table and index of a catalogue and records the schema version.
 void createSqlSchema(const SqlConnection &connection);
 
