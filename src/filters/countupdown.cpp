@@ -1,6 +1,7 @@
 #include "filters/countupdown.h"
 
 #include "filters/countstep.h"
+#include "filters/widgetnames.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -13,8 +14,7 @@ namespace {
 
 QToolButton *arrowButton(QWidget *parent, Qt::ArrowType arrow, const char *name)
 {
-    auto *button = new QToolButton(parent);
-    button->setObjectName(QLatin1String(name));
+    auto *button = named(new QToolButton(parent), name);
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
     // The arrows are a mouse aid; the keyboard steps with Up and Down in the text box.

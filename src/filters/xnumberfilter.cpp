@@ -3,6 +3,7 @@
 #include "filters/editstate.h"
 #include "filters/keyboardselectall.h"
 #include "filters/numberbounds.h"
+#include "filters/widgetnames.h"
 
 #include <PickerCtl/AppServices.h>
 
@@ -15,6 +16,8 @@ namespace PickerCtl {
 
 namespace {
 
+using Filters::named;
+
 const QString ValueIsCaption = QStringLiteral("Value is:");
 const QString AndCaption = QStringLiteral("and");
 const QString AtLeastEntry = QStringLiteral("at least");
@@ -23,13 +26,6 @@ const QString AtMostEntry = QStringLiteral("at most");
 // Index 0 of each list is the empty entry that switches its bound off.
 constexpr int BoundOffIndex = 0;
 constexpr int BoundOnIndex = 1;
-
-template<typename T>
-T *named(T *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 QComboBox *boundList(QWidget *parent, const char *name, const QString &onEntry)
 {

@@ -3,6 +3,7 @@
 #include "filters/editstate.h"
 #include "filters/expressionlayout.h"
 #include "filters/keyboardselectall.h"
+#include "filters/widgetnames.h"
 
 #include <PickerCtl/HostSite.h>
 #include <PickerCtl/PropertyBag.h>
@@ -17,6 +18,8 @@ namespace PickerCtl {
 
 namespace {
 
+using Filters::named;
+
 const QString LabelKey = QStringLiteral("Label");
 const QString ExtraControlsKey = QStringLiteral("ExtraControls");
 // The caption a new control gets has no colon; the one it is built with does. Both are intended.
@@ -28,13 +31,6 @@ const QString MatchCaseCaption = QStringLiteral("Match &Case");
 const QString MatchWholeNameCaption = QStringLiteral("Match Wh&ole Expression");
 const QString PatternMatchingCaption = QStringLiteral("Use &Pattern Matching");
 const QString ExpressionToolTip = QStringLiteral("string regular expression");
-
-template<typename T>
-T *named(T *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 bool isChecked(const QCheckBox *box)
 {

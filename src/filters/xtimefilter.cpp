@@ -4,6 +4,7 @@
 #include "filters/editstate.h"
 #include "filters/keyboardselectall.h"
 #include "filters/timeperiod.h"
+#include "filters/widgetnames.h"
 
 #include <PickerCtl/AppServices.h>
 
@@ -22,6 +23,8 @@
 namespace PickerCtl {
 
 namespace {
+
+using Filters::named;
 
 const QString AllItemsCaption = QStringLiteral("&All items");
 const QString FilterByDateCaption = QStringLiteral("&Find all items with values:");
@@ -56,13 +59,6 @@ constexpr std::array<RelativeRowDesign, 4> RelativeRowDesigns{{
 // A relative period is read from the first selected unit in this order.
 constexpr std::array<TimeFilterValue::Unit, 4> UnitPrecedence{
     TimeFilterValue::Months, TimeFilterValue::Days, TimeFilterValue::Hours, TimeFilterValue::Minutes};
-
-template<typename T>
-T *named(T *widget, const char *name)
-{
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 struct RelativeRow
 {
