@@ -103,6 +103,7 @@ struct XTimeFilter::Private
 
     const RelativeRow &row(TimeFilterValue::Unit unit) const;
     const RelativeRow *selectedRelativeRow() const;
+    std::array<QWidget *, 4> pickers() const { return {dtMinDate, dtMinTime, dtMaxDate, dtMaxTime}; }
     void select(QRadioButton *option) { option->setChecked(true); }
     void deselectBottom();
     void updateEnabled(bool enabling);
@@ -310,8 +311,7 @@ void XTimeFilter::Private::deselectBottom()
 
 void XTimeFilter::Private::updateEnabled(bool enabling)
 {
-    for (QWidget *picker : {static_cast<QWidget *>(dtMinDate), static_cast<QWidget *>(dtMinTime),
-                            static_cast<QWidget *>(dtMaxDate), static_cast<QWidget *>(dtMaxTime)})
+    for (QWidget *picker : pickers())
         picker->setEnabled(false);
     for (const RelativeRow &r : rows) {
         r.txt->setEnabled(false);
@@ -320,8 +320,7 @@ void XTimeFilter::Private::updateEnabled(bool enabling)
     if (!enabling || !optFilterByDate->isChecked())
         return;
     if (optDates->isChecked()) {
-        for (QWidget *picker : {static_cast<QWidget *>(dtMinDate), static_cast<QWidget *>(dtMinTime),
-                                static_cast<QWidget *>(dtMaxDate), static_cast<QWidget *>(dtMaxTime)})
+        for (QWidget *picker : pickers())
             picker->setEnabled(true);
     } else if (const RelativeRow *r = selectedRelativeRow()) {
         r->txt->setEnabled(true);
