@@ -19,13 +19,8 @@ public:
     explicit CountUpDown(QWidget *parent = nullptr);
 
     void setBuddy(QLineEdit *buddy);
-    QLineEdit *buddy() const { return m_buddy; }
     void setRange(int minimum, int maximum);
-    int minimum() const { return m_minimum; }
-    int maximum() const { return m_maximum; }
 
-    /// The last count the arrows wrote or were given.
-    int value() const { return m_value; }
     /// Writes the count into the buddy; raises valueChanged when it differs.
     void setValue(int value);
 

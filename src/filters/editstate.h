@@ -15,7 +15,6 @@ public:
     explicit EditState(std::function<void()> raiseChanged);
 
     bool isModified() const { return m_modified; }
-    bool isLoading() const { return m_loading; }
     void setModified(bool modified);
 
     /// Marks the editor as loading for its lifetime; nests, and unwinds on exceptions.

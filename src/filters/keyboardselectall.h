@@ -22,7 +22,6 @@ public:
     explicit KeyboardSelectAll(QObject *parent = nullptr);
 
     void watch(QLineEdit *box);
-    bool isMouseDown() const { return m_mouseDown; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
