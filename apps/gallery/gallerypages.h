@@ -1,7 +1,6 @@
 #pragma once
 
 #include <PickerCtl/FieldCatalog.h>
-#include <PickerCtl/MemoryCatalog.h>
 
 #include <QString>
 
@@ -12,7 +11,6 @@ class QWidget;
 struct GalleryContext
 {
     PickerCtl::FieldCatalogPtr catalog;
-    std::shared_ptr<PickerCtl::MemoryCatalog> memoryCatalog;
     /// The application whose categories and fields the pages show.
     QString appName;
     /// Where the catalogue was read from: a file path or a database URL.

@@ -126,8 +126,7 @@ int main(int argc, char *argv[])
 
     std::unique_ptr<GalleryWindow> window;
     try {
-        context.memoryCatalog = PickerCtl::SqlCatalog::open(context.sourcePath);
-        context.catalog = context.memoryCatalog;
+        context.catalog = PickerCtl::SqlCatalog::open(context.sourcePath);
         const QStringList apps = context.catalog->Applications();
         if (apps.isEmpty())
             return fail(NoApplications.arg(context.sourcePath), interactive);

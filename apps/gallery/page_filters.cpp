@@ -200,7 +200,6 @@ QWidget *enumDemo(const GalleryContext &context)
 QWidget *makeFiltersPage(const GalleryContext &context)
 {
     auto *page = new QWidget;
-    page->setObjectName(QStringLiteral("filtersPage"));
     auto *grid = new QGridLayout(page);
     grid->addWidget(numberDemo(), 0, 0);
     grid->addWidget(stringDemo(), 0, 1);

@@ -99,7 +99,6 @@ QWidget *makeTreeDemo(const GalleryContext &context)
 QWidget *makeWidgetKitPage(const GalleryContext &context)
 {
     auto *page = new QWidget;
-    page->setObjectName(QStringLiteral("pageWidgetKit"));
     auto *layout = new QHBoxLayout(page);
     layout->addWidget(makeListDemo(context), 3);
     layout->addWidget(makeTreeDemo(context), 2);
