@@ -11,6 +11,7 @@
 #include <QList>
 
 #include <random>
+#include <span>
 
 using namespace PickerCtl;
 
@@ -118,6 +119,32 @@ enum class Pool {
     NrSite, Amf, Smf, Upf, Pcf, CommonNf,
 };
 
+// Which pool a counter of an object class goes to: the first rule that matches, in order.
+enum class Match { Prefix, Part, Whole };
+struct ClassRule { Match match; const char *text; Pool pool; };
+const ClassRule NrClasses[] = {
+    {Match::Prefix, "NRCellDU", Pool::NrCellDu}, {Match::Part, "Relation", Pool::NrRelation},
+    {Match::Prefix, "NRCellCU", Pool::NrCellCu}, {Match::Whole, "Beam", Pool::NrBeam},
+    {Match::Whole, "ManagedElement", Pool::NrSite},
+};
+const ClassRule LteClasses[] = {{Match::Whole, "EUtranRelation", Pool::LteRelation}};
+const ClassRule CoreClasses[] = {
+    {Match::Prefix, "AMF", Pool::Amf}, {Match::Prefix, "SMF", Pool::Smf}, {Match::Prefix, "PCF", Pool::Pcf},
+};
+
+Pool poolOf(const QString &objectClass, std::span<const ClassRule> rules, Pool otherwise)
+{
+    for (const ClassRule &rule : rules) {
+        const QLatin1String text(rule.text);
+        const bool hit = rule.match == Match::Prefix ? objectClass.startsWith(text)
+                         : rule.match == Match::Part ? objectClass.contains(text)
+                                                     : objectClass == text;
+        if (hit)
+            return rule.pool;
+    }
+    return otherwise;
+}
+
 // Counters that make sense for busy-hour selection: traffic, volume, load and connection counts.
 bool trafficLike(const QString &name)
 {
@@ -164,32 +191,6 @@ public:
     }
 
 private:
-    static Pool nrPool(const QString &objectClass)
-    {
-        if (objectClass.startsWith(QLatin1String("NRCellDU")))
-            return Pool::NrCellDu;
-        if (objectClass.contains(QLatin1String("Relation")))
-            return Pool::NrRelation;
-        if (objectClass.startsWith(QLatin1String("NRCellCU")))
-            return Pool::NrCellCu;
-        if (objectClass == QLatin1String("Beam"))
-            return Pool::NrBeam;
-        if (objectClass == QLatin1String("ManagedElement"))
-            return Pool::NrSite;
-        return Pool::NrNode;
-    }
-
-    static Pool coreFunctionPool(const QString &objectClass)
-    {
-        if (objectClass.startsWith(QLatin1String("AMF")))
-            return Pool::Amf;
-        if (objectClass.startsWith(QLatin1String("SMF")))
-            return Pool::Smf;
-        if (objectClass.startsWith(QLatin1String("PCF")))
-            return Pool::Pcf;
-        return Pool::Upf;   // UPFFunction and its N3 end points
-    }
-
     static QString codeOf(const QString &technology)
     {
         for (const Technology &t : Technologies) {
@@ -223,11 +224,11 @@ private:
             const QString objectClass = row[cls];
             Pool target = Pool::None;
             if (technology == QLatin1String("NR"))
-                target = nrPool(objectClass);
+                target = poolOf(objectClass, NrClasses, Pool::NrNode);
             else if (technology == QLatin1String("LTE"))
-                target = objectClass == QLatin1String("EUtranRelation") ? Pool::LteRelation : Pool::LteCell;
+                target = poolOf(objectClass, LteClasses, Pool::LteCell);
             else if (technology == QLatin1String("5GC"))
-                target = coreFunctionPool(objectClass);
+                target = poolOf(objectClass, CoreClasses, Pool::Upf);   // UPFFunction and its N3 end points
             else if (technology == CommonNfTechnology)
                 target = Pool::CommonNf;
             if (target == Pool::None)
