@@ -8,7 +8,7 @@ namespace FilterTest {
 /// Shows the editor in its own active window, so focus changes reach its boxes as for a user.
 bool showActive(QWidget *editor);
 
-/// The child with that object name; fails the lookup loudly when the editor lacks it.
+/// The child with that object name, or nullptr when the editor lacks it.
 template<typename T>
 T *child(const QWidget *editor, const char *name)
 {
