@@ -2,6 +2,8 @@
 
 #include "catalog/variantnumber.h"
 
+#include <algorithm>
+
 namespace PickerCtl {
 
 namespace {
@@ -104,9 +106,12 @@ void Fields::move(qsizetype from, qsizetype to)
 {
     if (from < 0 || from >= size() || to < 0 || to >= size() || from == to)
         return;
-    FieldPtr moving = m_items[size_t(from)];
-    m_items.erase(m_items.begin() + from);
-    m_items.insert(m_items.begin() + to, std::move(moving));
+    // Rotating only the stretch between the two places keeps a short move cheap in a long list.
+    const auto at = [this](qsizetype i) { return m_items.begin() + i; };
+    if (from < to)
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    else
+        std::rotate(at(to), at(from), at(from + 1));
     dropIndex();
 }
 
