@@ -44,8 +44,8 @@ struct MemoryCatalog::Private
     std::shared_ptr<CatalogTables> tables = std::make_shared<CatalogTables>();
     std::shared_ptr<FieldIndex> fieldIndex = std::make_shared<FieldIndex>();
     std::vector<Application> applications;
-    QHash<QString, qsizetype> applicationIndex;
-    QHash<QString, std::shared_ptr<MemoryCategory>> categories;
+    TextMap<qsizetype> applicationIndex;
+    TextMap<std::shared_ptr<MemoryCategory>> categories;
     std::vector<std::shared_ptr<MemoryCategory>> categoriesByIndex; ///< by MemoryCategory::index()
     QHash<qint32, QString> entityKeys;
     std::map<qint32, CurrentUserPtr> users;
@@ -58,11 +58,13 @@ struct MemoryCatalog::Private
     std::shared_ptr<CatalogWriter> writer;
     std::shared_ptr<FieldUpdates> fieldUpdates;
     FieldChunks fieldChunks;
+    QString lastCategoryKey;                      ///< the category the last field went to
+    std::shared_ptr<MemoryCategory> lastCategory;
 
     const Application *application(const QString &name) const
     {
-        const auto it = applicationIndex.constFind(name);
-        return it == applicationIndex.cend() ? nullptr : &applications[size_t(*it)];
+        const qsizetype *index = applicationIndex.find(name);
+        return index ? &applications[size_t(*index)] : nullptr;
     }
 
     /// The catalogue's own fields among those given, each once, in the given order.
@@ -76,7 +78,7 @@ struct MemoryCatalog::Private
         for (const FieldPtr &field : *fields) {
             if (!field || (exceptions && exceptions->contains(field->Key())))
                 continue;
-            std::shared_ptr<MemoryField> mine = fieldIndex->byId.value(field->Id());
+            std::shared_ptr<MemoryField> mine = fieldIndex->value(field->Id());
             if (mine && !seen.contains(mine->Id())) {
                 seen.insert(mine->Id());
                 own.push_back(std::move(mine));
@@ -162,10 +164,8 @@ void MemoryCatalog::addCategory(const CategorySpec &spec)
     d->tables->categories.push_back({category->Name(), category->RcvFormName()});
     d->categories.insert(spec.key, category);
     d->categoriesByIndex.push_back(category);
-    if (!app.byFullName.contains(category->FullName()))
-        app.byFullName.insert(category->FullName(), category);
-    if (!app.byName.contains(category->Name()))
-        app.byName.insert(category->Name(), category);
+    app.byFullName.insertIfAbsent(category->FullName(), category);
+    app.byName.insertIfAbsent(category->Name(), category);
     if (spec.entityId != 0 && !d->entityKeys.contains(spec.entityId))
         d->entityKeys.insert(spec.entityId, spec.key);
     app.invalidate();
@@ -173,20 +173,26 @@ void MemoryCatalog::addCategory(const CategorySpec &spec)
 
 void MemoryCatalog::addField(const FieldSpec &spec)
 {
-    const std::shared_ptr<MemoryCategory> category = d->categories.value(spec.categoryKey);
-    if (!category)
-        throw CatalogError(kUnknownCategory.arg(spec.name, spec.categoryKey));
-    if (d->fieldIndex->byId.contains(spec.id))
+    // Fields come category by category: the category of the previous field is the usual one.
+    if (!d->lastCategory || spec.categoryKey != d->lastCategoryKey) {
+        std::shared_ptr<MemoryCategory> category = d->categories.value(spec.categoryKey);
+        if (!category)
+            throw CatalogError(kUnknownCategory.arg(spec.name, spec.categoryKey));
+        d->lastCategory = std::move(category);
+        d->lastCategoryKey = spec.categoryKey;
+    }
+    MemoryCategory &category = *d->lastCategory;
+    if (d->fieldIndex->value(spec.id))
         throw CatalogError(kDuplicateField.arg(spec.id));
-    const std::shared_ptr<MemoryField> field = d->fieldChunks.make(d->tables, category->index(), spec);
-    category->Fields()->Add(field);
-    d->fieldIndex->byId.insert(spec.id, field);
-    d->applications[size_t(category->appIndex())].data->invalidate();
+    std::shared_ptr<MemoryField> field = d->fieldChunks.make(d->tables, category.index(), spec);
+    d->fieldIndex->insert(spec.id, field);
+    category.Fields()->Add(std::move(field));
+    d->applications[size_t(category.appIndex())].data->invalidate();
 }
 
 void MemoryCatalog::reserveFields(qsizetype count)
 {
-    d->fieldIndex->byId.reserve(count);
+    d->fieldIndex->reserve(count);
 }
 
 void MemoryCatalog::addRcvForm(const QString &formKey, const QString &categoryName)
@@ -244,7 +250,7 @@ FieldPtr MemoryCatalog::GetField(const QString &appName, const QVariant &id, qin
     const qint32 fieldId = id.toInt(&isNumber);
     if (!isNumber)
         return nullptr;
-    const std::shared_ptr<MemoryField> field = d->fieldIndex->byId.value(fieldId);
+    const std::shared_ptr<MemoryField> field = d->fieldIndex->value(fieldId);
     if (!field)
         return nullptr;
     const Private::Application *app = d->application(appName);
@@ -293,7 +299,7 @@ void MemoryCatalog::DeleteFields(const FieldsPtr &fields, const FieldsPtr &excep
     QList<MemoryCategory *> touchedCategories;
     for (const auto &field : deleting) {
         removed.insert(field.get());
-        d->fieldIndex->byId.remove(field->Id());
+        d->fieldIndex->remove(field->Id());
         MemoryCategory *category = d->categoryOf(*field).get();
         if (!touchedCategories.contains(category))
             touchedCategories.append(category);

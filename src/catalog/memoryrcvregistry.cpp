@@ -21,7 +21,7 @@ FieldPtr MemoryRcvRegistry::FieldFor(const QString &form, const QString &fieldNa
     if (fields == m_tables->rcvFields.cend())
         return nullptr;
     const auto id = fields->constFind(fieldName);
-    return id == fields->cend() ? nullptr : FieldPtr(m_fields->byId.value(*id));
+    return id == fields->cend() ? nullptr : FieldPtr(m_fields->value(*id));
 }
 
 void MemoryRcvRegistry::addForm(const QString &formKey, const QString &categoryName)

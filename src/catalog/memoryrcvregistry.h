@@ -1,18 +1,11 @@
 #pragma once
 
 #include "catalog/catalogtables.h"
+#include "catalog/fieldindex.h"
 
 #include <PickerCtl/RcvRegistry.h>
 
 namespace PickerCtl {
-
-class MemoryField;
-
-/// The field index of the in-memory catalogue, shared with the objects that hand out fields by id.
-struct FieldIndex
-{
-    QHash<qint32, std::shared_ptr<MemoryField>> byId;
-};
 
 /// The RCV registry of the in-memory catalogue, read from its tables and field index.
 class MemoryRcvRegistry final : public RcvRegistry

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/textmap.h"
+
 #include <PickerCtl/CategoryTree.h>
 
 #include <QHash>
@@ -53,9 +55,9 @@ public:
 
 private:
     std::shared_ptr<MemoryNode> m_root;
-    QHash<QString, std::shared_ptr<MemoryNode>> m_nodes;
-    QHash<QString, FieldCategoryPtr> m_categories;
-    QHash<QString, QString> m_nodeKeys; ///< category key -> node key
+    TextMap<std::shared_ptr<MemoryNode>> m_nodes;
+    TextMap<FieldCategoryPtr> m_categories;
+    TextMap<QString> m_nodeKeys; ///< category key -> node key
 };
 
 /**
@@ -77,8 +79,8 @@ public:
     /// Removes fields from the cached list in place, so holders of it see the change.
     void removeFields(const QSet<const Field *> &removed);
 
-    QHash<QString, FieldCategoryPtr> byFullName;
-    QHash<QString, FieldCategoryPtr> byName;
+    TextMap<FieldCategoryPtr> byFullName;
+    TextMap<FieldCategoryPtr> byName;
 
 private:
     QString m_name;

@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <limits>
+
 using namespace PickerCtl;
 using namespace PickerCtl::test;
 
@@ -201,6 +203,61 @@ private Q_SLOTS:
         catalog->addApplication(QStringLiteral("Other"));
         const FieldPtr field = catalog->GetField(app, id, 0);
         QCOMPARE(field ? field->Name() : QString(), expectedName);
+    }
+
+    void shouldFindEveryFieldByIdHoweverTheIdsAreSpread_data()
+    {
+        QTest::addColumn<QList<qint32>>("ids");
+        QTest::addColumn<QList<qint32>>("absent");
+        QList<qint32> fromOne, descending, farThenNear{100000};
+        for (qint32 id = 1; id <= 5000; ++id)
+            fromOne << id;
+        for (qint32 id = 5000; id >= 1; --id)
+            descending << id;
+        for (qint32 id = 1; id <= 60000; ++id)
+            farThenNear << id;  // the far id first lands where large ids go, then the near ones reach it
+        QTest::newRow("numbered from one") << fromOne << QList<qint32>{0, 5001, -1};
+        QTest::newRow("descending") << descending << QList<qint32>{0, 5001};
+        QTest::newRow("far id before near ones") << farThenNear << QList<qint32>{60001, 99999, 100001};
+        QTest::newRow("zero, negative and extreme")
+            << QList<qint32>{0, -5, 7, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()}
+            << QList<qint32>{-4, 8, std::numeric_limits<qint32>::max() - 1};
+    }
+
+    void shouldFindEveryFieldByIdHoweverTheIdsAreSpread()
+    {
+        QFETCH(QList<qint32>, ids);
+        QFETCH(QList<qint32>, absent);
+        MemoryCatalog catalog;
+        catalog.addUser({1, QStringLiteral("admin"), true});
+        catalog.addApplication(sample::App);
+        CategorySpec root;
+        root.key = QStringLiteral("ROOT");
+        root.name = sample::App;
+        catalog.addCategory(root);
+        FieldSpec spec;
+        spec.categoryKey = root.key;
+        spec.ownerId = 1;
+        for (const qint32 id : ids) {
+            spec.id = id;
+            spec.name = QString::number(id);
+            catalog.addField(spec);
+        }
+
+        for (const qint32 id : ids) {
+            const FieldPtr field = catalog.GetField(sample::App, id);
+            QVERIFY2(field && field->Name() == QString::number(id), qPrintable(QString::number(id)));
+        }
+        for (const qint32 id : absent)
+            QVERIFY2(!catalog.GetField(sample::App, id), qPrintable(QString::number(id)));
+        // Every id is refused a second time, wherever the first one went
+        for (const qint32 id : {ids.first(), ids.last()}) {
+            spec.id = id;
+            spec.name = QStringLiteral("again");
+            QVERIFY_THROWS_EXCEPTION(CatalogError, catalog.addField(spec));
+            QCOMPARE(catalog.GetField(sample::App, id)->Name(), QString::number(id));
+        }
+        QCOMPARE(catalog.GetCategoryTree(sample::App)->AllFields(0)->Count(), qint32(ids.size()));
     }
 
     void shouldDeleteFieldsExceptTheExceptionsAndTellPerCategory()
