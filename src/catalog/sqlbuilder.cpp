@@ -1,8 +1,10 @@
 #include <PickerCtl/SqlCatalog.h>
 
 #include "catalog/sqlconnection.h"
+#include "catalog/sqlfieldrefs.h"
 #include "catalog/sqlitefieldinsert.h"
 #include "catalog/sqlschema.h"
+#include "catalog/textmap.h"
 
 #include <PickerCtl/CatalogError.h>
 
@@ -16,6 +18,7 @@ const auto NoApplication = QStringLiteral("The category \"%1\" comes before any 
 const auto EnumMismatch = QStringLiteral(
     "The enumeration list \"%1\" has %2 names but %3 codes.");
 const auto Finished = QStringLiteral("The catalogue was already committed.");
+const auto UnknownCategory = QStringLiteral("The field \"%1\" names the unknown category \"%2\".");
 
 QString insertInto(const char *table, const char *columns, int count)
 {
@@ -50,9 +53,10 @@ struct SqlCatalogBuilder::Private
         categories = connection.prepare(insertInto(
             "categories",
             "position, app, key, parent_key, node_key, name, full_name, caption, entity_id, rcv_form_name", 10));
+        texts = connection.prepare(insertInto("texts", "id, text", 2));
         fields = connection.prepare(insertInto(
             "fields",
-            "position, id, category_key, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
+            "position, id, category, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
             "validation_status, description, unit", 12));
         rcvForms = connection.prepare(insertInto("rcv_forms", "form_key, category_name", 2));
         rcvFields = connection.prepare(insertInto("rcv_fields", "form, field_name, field_id", 3));
@@ -68,12 +72,44 @@ struct SqlCatalogBuilder::Private
         connection.exec(query);
     }
 
+    /// The number of a shared text, written to the texts table the first time it comes.
+    qint64 textId(const QString &value)
+    {
+        if (const qint64 *id = textIds.find(value))
+            return *id;
+        const qint64 id = qint64(textIds.size()) + 1;
+        texts.bindValue(0, id);
+        texts.bindValue(1, text(value));
+        run(texts);
+        textIds.insert(value, id);
+        return id;
+    }
+
+    qint64 categoryOf(const FieldSpec &field) const
+    {
+        const qint64 *position = categoryPositions.find(field.categoryKey);
+        if (!position)
+            throw CatalogError(UnknownCategory.arg(field.name, field.categoryKey));
+        return *position;
+    }
+
+    SqlTextRefs textsOf(const FieldSpec &field)
+    {
+        SqlTextRefs refs;
+        refs.techMask = textId(field.techMask);
+        refs.status = textId(field.validationStatus);
+        refs.description = textId(field.description);
+        refs.unit = textId(field.unit);
+        return refs;
+    }
+
     SqlConnection connection;
     std::optional<SqlTransaction> transaction;
-    QSqlQuery users, technologies, fieldTypes, applications, categories, fields;
+    QSqlQuery users, technologies, fieldTypes, applications, categories, texts, fields;
     QSqlQuery rcvForms, rcvFields, enumValues, properties;
     std::unique_ptr<SqliteFieldInsert> fastFields;
     QString currentApp;
+    TextMap<qint64> categoryPositions, textIds;
     qint64 technologyCount = 0, fieldTypeCount = 0, applicationCount = 0, categoryCount = 0, fieldCount = 0;
 };
 
@@ -136,29 +172,32 @@ void SqlCatalogBuilder::addCategory(const CategorySpec &category)
     q.bindValue(8, category.entityId);
     q.bindValue(9, text(category.rcvFormName));
     d->run(q);
+    d->categoryPositions.insert(category.key, d->categoryCount);
 }
 
 void SqlCatalogBuilder::addField(const FieldSpec &field)
 {
+    if (!d->transaction)
+        throw CatalogError(Finished);
+    const qint64 category = d->categoryOf(field);
+    const SqlTextRefs refs = d->textsOf(field);
     if (d->fastFields) {
-        if (!d->transaction)
-            throw CatalogError(Finished);
-        d->fastFields->insert(++d->fieldCount, field);
+        d->fastFields->insert(++d->fieldCount, field, category, refs);
         return;
     }
     QSqlQuery &q = d->fields;
     q.bindValue(0, ++d->fieldCount);
     q.bindValue(1, field.id);
-    q.bindValue(2, text(field.categoryKey));
+    q.bindValue(2, category);
     q.bindValue(3, text(field.name));
     q.bindValue(4, text(field.typeCode));
     q.bindValue(5, field.ownerId);
-    q.bindValue(6, text(field.techMask));
+    q.bindValue(6, refs.techMask);
     q.bindValue(7, flag(field.busyHour));
     q.bindValue(8, flag(field.expression));
-    q.bindValue(9, text(field.validationStatus));
-    q.bindValue(10, text(field.description));
-    q.bindValue(11, text(field.unit));
+    q.bindValue(9, refs.status);
+    q.bindValue(10, refs.description);
+    q.bindValue(11, refs.unit);
     d->run(q);
 }
 

@@ -2,6 +2,7 @@
 
 #include "catalog/sqliteconnectionhandle.h"
 #include "catalog/sqlconnection.h"
+#include "catalog/sqlfieldrefs.h"
 
 #include <PickerCtl/MemoryCatalog.h>
 
@@ -12,7 +13,7 @@ namespace PickerCtl {
 namespace {
 
 const char *const InsertField =
-    "INSERT INTO fields (position, id, category_key, name, type_code, owner_id, tech_mask, busy_hour, "
+    "INSERT INTO fields (position, id, category, name, type_code, owner_id, tech_mask, busy_hour, "
     "is_expression, validation_status, description, unit) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
 
 // The texts live in the FieldSpec until the step is done, so SQLite need not copy them.
@@ -44,21 +45,21 @@ SqliteFieldInsert::~SqliteFieldInsert()
     sqlite3_finalize(m_statement);
 }
 
-void SqliteFieldInsert::insert(qint64 position, const FieldSpec &field)
+void SqliteFieldInsert::insert(qint64 position, const FieldSpec &field, qint64 category, const SqlTextRefs &texts)
 {
     sqlite3_stmt *s = m_statement;
     sqlite3_bind_int64(s, 1, position);
     sqlite3_bind_int(s, 2, field.id);
-    bindText(s, 3, field.categoryKey);
+    sqlite3_bind_int64(s, 3, category);
     bindText(s, 4, field.name);
     bindText(s, 5, field.typeCode);
     sqlite3_bind_int(s, 6, field.ownerId);
-    bindText(s, 7, field.techMask);
+    sqlite3_bind_int64(s, 7, texts.techMask);
     sqlite3_bind_int(s, 8, field.busyHour ? 1 : 0);
     sqlite3_bind_int(s, 9, field.expression ? 1 : 0);
-    bindText(s, 10, field.validationStatus);
-    bindText(s, 11, field.description);
-    bindText(s, 12, field.unit);
+    sqlite3_bind_int64(s, 10, texts.status);
+    sqlite3_bind_int64(s, 11, texts.description);
+    sqlite3_bind_int64(s, 12, texts.unit);
     const int step = sqlite3_step(s);
     sqlite3_reset(s);
     if (step != SQLITE_DONE)

@@ -10,6 +10,7 @@ namespace PickerCtl {
 
 class SqlConnection;
 struct FieldSpec;
+struct SqlTextRefs;
 
 /// Inserts fields into a new SQLite catalogue through SQLite's own interface: binding a dozen
 /// values per row through the Qt driver costs more than SQLite's whole insert.
@@ -20,8 +21,9 @@ public:
     static std::unique_ptr<SqliteFieldInsert> forConnection(const SqlConnection &connection);
     ~SqliteFieldInsert();
 
-    /// Inserts the field at that position; throws CatalogError when SQLite refuses it.
-    void insert(qint64 position, const FieldSpec &field);
+    /// Inserts the field at that position, its category and shared texts given by number; throws
+    /// CatalogError when SQLite refuses it.
+    void insert(qint64 position, const FieldSpec &field, qint64 category, const SqlTextRefs &texts);
 
 private:
     SqliteFieldInsert(const SqlConnection &connection, sqlite3_stmt *statement);

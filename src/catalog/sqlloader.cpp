@@ -1,38 +1,15 @@
 #include "catalog/sqlloader.h"
 
 #include "catalog/sqlconnection.h"
-#include "catalog/sqlitefieldscan.h"
+#include "catalog/sqlfieldrefs.h"
+#include "catalog/sqlitefieldreader.h"
 #include "catalog/sqlschema.h"
 
 #include <PickerCtl/MemoryCatalog.h>
 
-#include <QHash>
-
 namespace PickerCtl {
 
 namespace {
-
-/// Hands out one shared copy of each distinct text, so that a million fields carrying a few
-/// hundred distinct descriptions, units and masks hold a few hundred strings.
-class StringPool
-{
-public:
-    const QString &intern(const QString &text)
-    {
-        // Fields come category by category, so the text of the previous row is the usual hit.
-        if (m_last && *m_last == text)
-            return *m_last;
-        auto it = m_pool.constFind(text);
-        if (it == m_pool.constEnd())
-            it = m_pool.insert(text, text);
-        m_last = &it.value();
-        return *m_last;
-    }
-
-private:
-    QHash<QString, QString> m_pool;
-    const QString *m_last = nullptr;
-};
 
 QSqlQuery select(const SqlConnection &connection, const QString &sql)
 {
@@ -88,7 +65,8 @@ void loadTypes(const SqlConnection &connection, MemoryCatalog &catalog)
 }
 
 // Every application is followed by its own categories, as the in-memory catalogue takes them.
-void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog)
+// The fields refer to their categories by position.
+void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog, SqlFieldResolver &resolver)
 {
     QStringList apps;
     QSqlQuery appQuery = select(connection, QStringLiteral("SELECT name FROM applications ORDER BY position"));
@@ -98,7 +76,7 @@ void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog)
 
     QSqlQuery q = select(connection, QStringLiteral(
         "SELECT c.app, c.key, c.parent_key, c.node_key, c.name, c.full_name, c.caption, c.entity_id, "
-        "c.rcv_form_name FROM categories c JOIN applications a ON a.name = c.app "
+        "c.rcv_form_name, c.position FROM categories c JOIN applications a ON a.name = c.app "
         "ORDER BY a.position, c.position"));
     qsizetype added = 0;
     while (q.next()) {
@@ -115,39 +93,48 @@ void loadCategories(const SqlConnection &connection, MemoryCatalog &catalog)
         category.entityId = q.value(7).toInt();
         category.rcvFormName = q.value(8).toString();
         catalog.addCategory(category);
+        resolver.addCategory(q.value(9).toLongLong(), category.key);
     }
     connection.checkDone(q);
     while (added < apps.size())
         catalog.addApplication(apps[added++]);
 }
 
-void loadFields(const SqlConnection &connection, MemoryCatalog &catalog)
+void loadTexts(const SqlConnection &connection, SqlFieldResolver &resolver)
 {
-    if (scanSqliteFields(connection, catalog))
-        return;
+    QSqlQuery q = select(connection, QStringLiteral("SELECT id, text FROM texts"));
+    while (q.next())
+        resolver.addText(q.value(0).toLongLong(), q.value(1).toString());
+    connection.checkDone(q);
+}
 
+// Reads the fields through the Qt driver, for the databases the SQLite reader does not serve.
+void loadFields(const SqlConnection &connection, MemoryCatalog &catalog, const SqlFieldResolver &resolver)
+{
     QSqlQuery count = select(connection, QStringLiteral("SELECT COUNT(*) FROM fields"));
     if (count.next())
         catalog.reserveFields(count.value(0).toLongLong());
     connection.checkDone(count);
 
     QSqlQuery q = select(connection, QStringLiteral(
-        "SELECT id, category_key, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
+        "SELECT id, category, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
         "validation_status, description, unit FROM fields ORDER BY position"));
-    StringPool categoryKeys, typeCodes, masks, statuses, descriptions, units;
+    SqlFieldResolver::Cursor cursor;
     FieldSpec field;
+    SqlTextRefs refs;
     while (q.next()) {
         field.id = q.value(0).toInt();
-        field.categoryKey = categoryKeys.intern(q.value(1).toString());
         field.name = q.value(2).toString();
-        field.typeCode = typeCodes.intern(q.value(3).toString());
+        field.categoryKey = resolver.categoryKey(q.value(1).toLongLong(), cursor, field.id, field.name);
+        field.typeCode = q.value(3).toString();
         field.ownerId = q.value(4).toInt();
-        field.techMask = masks.intern(q.value(5).toString());
+        refs.techMask = q.value(5).toLongLong();
         field.busyHour = flag(q, 6);
         field.expression = flag(q, 7);
-        field.validationStatus = statuses.intern(q.value(8).toString());
-        field.description = descriptions.intern(q.value(9).toString());
-        field.unit = units.intern(q.value(10).toString());
+        refs.status = q.value(8).toLongLong();
+        refs.description = q.value(9).toLongLong();
+        refs.unit = q.value(10).toLongLong();
+        resolver.texts(refs, cursor, field.id, field.name).fill(field);
         catalog.addField(field);
     }
     connection.checkDone(q);
@@ -202,12 +189,20 @@ void loadProperties(const SqlConnection &connection, MemoryCatalog &catalog)
 
 } // namespace
 
-void loadSqlCatalog(const SqlConnection &connection, MemoryCatalog &catalog)
+void loadSqlCatalog(const SqlConnection &connection, MemoryCatalog &catalog, SqlFieldReading reading)
 {
+    SqlFieldResolver resolver(connection.location().display);
+    // The fields of an SQLite catalogue are read on a second thread meanwhile.
+    const std::unique_ptr<SqliteFieldReader> reader =
+        reading == SqlFieldReading::Fastest ? SqliteFieldReader::start(connection, resolver) : nullptr;
+    loadTexts(connection, resolver);
     loadUsers(connection, catalog);
     loadTypes(connection, catalog);
-    loadCategories(connection, catalog);
-    loadFields(connection, catalog);
+    loadCategories(connection, catalog, resolver);
+    if (reader)
+        reader->addFieldsTo(catalog);
+    else
+        loadFields(connection, catalog, resolver);
     loadRcv(connection, catalog);
     loadEnumLists(connection, catalog);
     loadProperties(connection, catalog);

@@ -21,8 +21,8 @@ const auto Unreadable = QStringLiteral(
 // How the drivers report a missing table.
 const auto SqliteNoTable = QLatin1String("no such table");
 const auto PostgresNoTable = QLatin1String("does not exist");
-const auto TooNew = QStringLiteral(
-    "The catalogue \"%1\" has schema version %2; this program reads version %3 and older.");
+const auto OtherVersion = QStringLiteral(
+    "The catalogue \"%1\" has schema version %2; this program reads version %3 only.");
 const auto BadVersion = QStringLiteral("The catalogue \"%1\" is damaged: its schema version is missing.");
 const auto BadTable = QStringLiteral(
     "The catalogue \"%1\" is damaged: the table \"%2\" is missing or incomplete (%3).");
@@ -51,14 +51,19 @@ const Table Tables[] = {
      "position INTEGER PRIMARY KEY, app TEXT NOT NULL REFERENCES applications(name), "
      "key TEXT NOT NULL UNIQUE, parent_key TEXT NOT NULL, node_key TEXT NOT NULL, name TEXT NOT NULL, "
      "full_name TEXT NOT NULL, caption TEXT NOT NULL, entity_id INTEGER NOT NULL, rcv_form_name TEXT NOT NULL"},
+    // Texts that many fields share (technology masks, validation states, descriptions, units) are
+    // stored once and referred to by number, as is a field's category: a field row is then little more
+    // than its name, and a million of them read quickly.
+    {"texts", "id, text", "id INTEGER PRIMARY KEY, text TEXT NOT NULL UNIQUE"},
     {"fields",
-     "position, id, category_key, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
+     "position, id, category, name, type_code, owner_id, tech_mask, busy_hour, is_expression, "
      "validation_status, description, unit",
      "position INTEGER PRIMARY KEY, id INTEGER NOT NULL UNIQUE, "
-     "category_key TEXT NOT NULL REFERENCES categories(key), name TEXT NOT NULL, "
+     "category INTEGER NOT NULL REFERENCES categories(position), name TEXT NOT NULL, "
      "type_code TEXT NOT NULL REFERENCES field_types(code), owner_id INTEGER NOT NULL REFERENCES users(id), "
-     "tech_mask TEXT NOT NULL, busy_hour INTEGER NOT NULL, is_expression INTEGER NOT NULL, "
-     "validation_status TEXT NOT NULL, description TEXT NOT NULL, unit TEXT NOT NULL"},
+     "tech_mask INTEGER NOT NULL REFERENCES texts(id), busy_hour INTEGER NOT NULL, "
+     "is_expression INTEGER NOT NULL, validation_status INTEGER NOT NULL REFERENCES texts(id), "
+     "description INTEGER NOT NULL REFERENCES texts(id), unit INTEGER NOT NULL REFERENCES texts(id)"},
     {"rcv_forms", "form_key, category_name", "form_key TEXT PRIMARY KEY, category_name TEXT NOT NULL"},
     {"rcv_fields", "form, field_name, field_id",
      "form TEXT NOT NULL REFERENCES rcv_forms(form_key), field_name TEXT NOT NULL, "
@@ -142,8 +147,8 @@ void checkSqlSchema(const SqlConnection &connection)
     const int version = readInfo(connection, VersionKey, found, error).toInt(&ok);
     if (!error.isEmpty() || !found || !ok)
         throw CatalogError(BadVersion.arg(where));
-    if (version > SqlSchemaVersion)
-        throw CatalogError(TooNew.arg(where).arg(version).arg(SqlSchemaVersion));
+    if (version != SqlSchemaVersion)
+        throw CatalogError(OtherVersion.arg(where).arg(version).arg(SqlSchemaVersion));
 
     for (const Table &table : Tables) {
         const QString probe = QStringLiteral("SELECT %1 FROM %2 WHERE 1 = 0")

@@ -6,8 +6,8 @@ namespace PickerCtl {
 
 class SqlConnection;
 
-/// Version of the tables below; a catalogue written by a newer version is refused.
-constexpr int SqlSchemaVersion = 1;
+/// Version of the tables below; a catalogue of any other version is refused.
+constexpr int SqlSchemaVersion = 2;
 
 /// The kinds a stored property value is read back as; any other kind is a string.
 inline const QString SqlPropertyBool = QStringLiteral("bool");

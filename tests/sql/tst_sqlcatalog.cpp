@@ -2,6 +2,8 @@
 // transaction each, the store guards other users' fields, and broken input fails cleanly.
 #include "catalog/sqlconnection.h"
 #include "catalog/sqllocation.h"
+#include "catalog/sqlloader.h"
+#include "catalog/sqlschema.h"
 #include "catalog/sqlwriter.h"
 
 #include <PickerCtl/CatalogError.h>
@@ -169,6 +171,9 @@ bool runOn(const QString &path, const QStringList &statements)
     return ok;
 }
 
+// Big enough that its fields span many pages and several of the reader's batches.
+constexpr qint32 LargeFieldCount = 3000;
+
 void writeLargeCatalogue(const QString &path)
 {
     SqlCatalogBuilder b(path);
@@ -176,14 +181,26 @@ void writeLargeCatalogue(const QString &path)
     b.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
     b.addApplication(App);
     b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
-    for (qint32 id = 1; id <= 3000; ++id) {
+    for (qint32 id = 1; id <= LargeFieldCount; ++id) {
         b.addField(field(id, QStringLiteral("R:ROOT"), QStringLiteral("Field %1").arg(id), QStringLiteral("CNT"),
                          Admin.id, QStringLiteral("L")));
     }
     b.commit();
 }
 
+/// Opens the catalogue reading its fields the given way.
+std::shared_ptr<MemoryCatalog> openReading(const QString &path, SqlFieldReading reading)
+{
+    SqlConnection connection(parseSqlLocation(path), SqlConnection::Mode::Existing);
+    checkSqlSchema(connection);
+    auto catalog = std::make_shared<MemoryCatalog>();
+    loadSqlCatalog(connection, *catalog, reading);
+    return catalog;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(PickerCtl::SqlFieldReading)
 
 class TestSqlCatalog : public QObject
 {
@@ -208,10 +225,18 @@ private slots:
         UserContext::setInstance(nullptr);
     }
 
+    void shouldReadBackEveryFieldAsWritten_data()
+    {
+        QTest::addColumn<SqlFieldReading>("reading");
+        QTest::newRow("SQLite reader thread") << SqlFieldReading::Fastest;
+        QTest::newRow("Qt driver, as for PostgreSQL") << SqlFieldReading::QtDriver;
+    }
+
     void shouldReadBackEveryFieldAsWritten()
     {
+        QFETCH(SqlFieldReading, reading);
         // Given the small catalogue on disk, When it is opened
-        const auto catalog = SqlCatalog::open(m_path);
+        const auto catalog = openReading(m_path, reading);
 
         // Then every field carries what was written, quotes and SQL as plain text
         for (const FieldSpec &spec : smallCatalogueFields()) {
@@ -230,6 +255,26 @@ private slots:
         }
         QCOMPARE(catalog->GetCategoryTree(App)->AllFields(0)->Count(), 5);
         QCOMPARE(catalog->GetCategoryTree(OtherApp)->AllFields(0)->Count(), 1);
+    }
+
+    void shouldReadManyFieldsInOrder_data()
+    {
+        shouldReadBackEveryFieldAsWritten_data();
+    }
+
+    void shouldReadManyFieldsInOrder()
+    {
+        QFETCH(SqlFieldReading, reading);
+        writeLargeCatalogue(m_path);
+
+        const FieldsPtr all = openReading(m_path, reading)->GetCategoryTree(App)->AllFields(0);
+
+        QCOMPARE(all->Count(), LargeFieldCount);
+        for (qint32 i = 0; i < LargeFieldCount; ++i) {
+            const FieldPtr f = all->Item(i);
+            QCOMPARE(f->Id(), i + 1);
+            QCOMPARE(f->Name(), QStringLiteral("Field %1").arg(i + 1));
+        }
     }
 
     void shouldReadBackTheCatalogueShape()
@@ -393,8 +438,13 @@ private slots:
         QTest::newRow("truncated catalogue") << QStringLiteral("truncated");
         QTest::newRow("another program's database") << QStringLiteral("foreign");
         QTest::newRow("newer schema") << QStringLiteral("newer");
+        QTest::newRow("older schema") << QStringLiteral("older");
         QTest::newRow("table without a column") << QStringLiteral("column");
         QTest::newRow("field in no category") << QStringLiteral("orphan");
+        QTest::newRow("field with a missing text") << QStringLiteral("textless");
+        // Found while the reader thread is still ahead, or by the reader itself after batches went.
+        QTest::newRow("late field in no category") << QStringLiteral("late orphan");
+        QTest::newRow("late field with a missing text") << QStringLiteral("late textless");
         QTest::newRow("a directory") << QStringLiteral("directory");
     }
 
@@ -424,11 +474,23 @@ private slots:
                                  QStringLiteral("INSERT INTO customers VALUES (1, 'x')")}));
         } else if (damage == QLatin1String("newer")) {
             QVERIFY(runOn(path, {QStringLiteral("UPDATE catalog_info SET value = '99' WHERE key = 'schema_version'")}));
+        } else if (damage == QLatin1String("older")) {
+            QVERIFY(runOn(path, {QStringLiteral("UPDATE catalog_info SET value = '1' WHERE key = 'schema_version'")}));
         } else if (damage == QLatin1String("column")) {
             QVERIFY(runOn(path, {QStringLiteral("ALTER TABLE fields DROP COLUMN unit")}));
         } else if (damage == QLatin1String("orphan")) {
             QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE fields SET category_key = 'nowhere' WHERE id = 10")}));
+                                 QStringLiteral("UPDATE fields SET category = 999999 WHERE id = 10")}));
+        } else if (damage == QLatin1String("textless")) {
+            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
+                                 QStringLiteral("UPDATE fields SET description = 999999 WHERE id = 10")}));
+        } else if (damage == QLatin1String("late orphan") || damage == QLatin1String("late textless")) {
+            writeLargeCatalogue(path);
+            const QString column = damage.endsWith(QLatin1String("orphan")) ? QStringLiteral("category")
+                                                                             : QStringLiteral("unit");
+            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
+                                 QStringLiteral("UPDATE fields SET %1 = 999999 WHERE id = %2")
+                                     .arg(column).arg(LargeFieldCount - 10)}));
         } else if (damage == QLatin1String("directory")) {
             path = m_dir.path();
         }
@@ -491,6 +553,24 @@ private slots:
         QCOMPARE(location.kind == SqlLocation::Kind::PostgreSQL, postgres);
         QCOMPARE(postgres ? location.database : location.path, pathOrDatabase);
         QCOMPARE(location.display, display);
+    }
+
+    void shouldRefuseAFieldOfAnUnknownCategoryWhileBuilding()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("draft.sqlite"));
+        SqlCatalogBuilder b(path);
+        b.addUser(Admin);
+        b.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
+        b.addApplication(App);
+        b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
+
+        QVERIFY_THROWS_EXCEPTION(CatalogError, b.addField(field(1, QStringLiteral("R:NOWHERE"), QStringLiteral("Lost"),
+                                                                QStringLiteral("CNT"), Admin.id, QStringLiteral("L"))));
+        // The builder goes on: the refused field left nothing behind
+        b.addField(field(1, QStringLiteral("R:ROOT"), QStringLiteral("Found"), QStringLiteral("CNT"), Admin.id,
+                         QStringLiteral("L")));
+        b.commit();
+        QCOMPARE(SqlCatalog::open(path)->GetField(App, 1)->Name(), QStringLiteral("Found"));
     }
 
     void shouldDiscardAnUncommittedBuild()
