@@ -28,25 +28,19 @@ std::shared_ptr<MemoryField> FieldIndex::value(qint32 id) const
     return m_sparse.isEmpty() ? nullptr : m_sparse.value(id);
 }
 
-bool FieldIndex::insert(qint32 id, const std::shared_ptr<MemoryField> &field)
+void FieldIndex::insert(qint32 id, const std::shared_ptr<MemoryField> &field)
 {
-    if (isDense(id) && (m_sparse.isEmpty() || !m_sparse.contains(id))) {
+    if (isDense(id)) {
         if (size_t(id) >= m_dense.size()) {
             if (size_t(id) >= m_dense.capacity())
                 m_dense.reserve(std::max(size_t(id) + 1, m_dense.capacity() * 2));
             m_dense.resize(size_t(id) + 1);
         }
-        std::shared_ptr<MemoryField> &slot = m_dense[size_t(id)];
-        if (slot)
-            return false;
-        slot = field;
+        m_dense[size_t(id)] = field;
     } else {
-        if (value(id))
-            return false;
         m_sparse.insert(id, field);
     }
     ++m_count;
-    return true;
 }
 
 void FieldIndex::remove(qint32 id)

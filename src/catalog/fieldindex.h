@@ -24,8 +24,8 @@ public:
     /// The field with that id, or null.
     std::shared_ptr<MemoryField> value(qint32 id) const;
 
-    /// Records the field under its id; false, changing nothing, when the id is taken.
-    bool insert(qint32 id, const std::shared_ptr<MemoryField> &field);
+    /// Records the field under its id, which no field may have yet.
+    void insert(qint32 id, const std::shared_ptr<MemoryField> &field);
 
     void remove(qint32 id);
 

@@ -105,10 +105,7 @@ struct RowBatch
 
 struct SqliteFieldReader::Private
 {
-    Private(const SqlConnection &sqlConnection, const SqlFieldResolver &fieldResolver)
-        : connection(sqlConnection), resolver(fieldResolver)
-    {
-    }
+    explicit Private(const SqlConnection &sqlConnection) : connection(sqlConnection) {}
     ~Private()
     {
         handoff.cancel();
@@ -132,7 +129,6 @@ struct SqliteFieldReader::Private
     void readRows();
 
     const SqlConnection &connection;
-    const SqlFieldResolver &resolver;
     sqlite3 *db = nullptr;
     sqlite3_stmt *rows = nullptr;
     qint64 count = 0;
@@ -180,13 +176,12 @@ SqliteFieldReader::SqliteFieldReader(std::unique_ptr<Private> reader) : d(std::m
 
 SqliteFieldReader::~SqliteFieldReader() = default;
 
-std::unique_ptr<SqliteFieldReader> SqliteFieldReader::start(const SqlConnection &connection,
-                                                           const SqlFieldResolver &resolver)
+std::unique_ptr<SqliteFieldReader> SqliteFieldReader::start(const SqlConnection &connection)
 {
     // An SQLite built without thread support cannot have two connections busy at once.
     if (!connection.isSqlite() || sqlite3_threadsafe() == 0)
         return nullptr;
-    auto p = std::make_unique<Private>(connection, resolver);
+    auto p = std::make_unique<Private>(connection);
     // A connection of its own, used by one thread at a time, needs none of SQLite's locking.
     const QByteArray path = QFile::encodeName(connection.location().path);
     if (sqlite3_open_v2(path.constData(), &p->db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK)
@@ -212,7 +207,7 @@ std::unique_ptr<SqliteFieldReader> SqliteFieldReader::start(const SqlConnection 
     return std::unique_ptr<SqliteFieldReader>(new SqliteFieldReader(std::move(p)));
 }
 
-void SqliteFieldReader::addFieldsTo(MemoryCatalog &catalog)
+void SqliteFieldReader::addFieldsTo(MemoryCatalog &catalog, const SqlFieldResolver &resolver)
 {
     catalog.reserveFields(d->count);
     SqlFieldResolver::Cursor cursor;
@@ -223,8 +218,8 @@ void SqliteFieldReader::addFieldsTo(MemoryCatalog &catalog)
             for (const DecodedRow &row : batch.rows) {
                 const QUtf8StringView name = batch.name(row);
                 field.id = row.id;
-                field.categoryKey = d->resolver.categoryKey(row.category, cursor, row.id, name);
-                d->resolver.texts(row.texts, cursor, row.id, name).fill(field);
+                field.categoryKey = resolver.categoryKey(row.category, cursor, row.id, name);
+                resolver.texts(row.texts, cursor, row.id, name).fill(field);
                 field.name = name.toString();
                 field.typeCode = *row.typeCode;
                 field.ownerId = row.ownerId;

@@ -18,18 +18,16 @@ class SqliteFieldReader
 {
 public:
     /// Starts reading, or returns null when the connection is not to an SQLite file (or SQLite
-    /// cannot serve two threads). The resolver must outlive the reader. Throws CatalogError when
-    /// the file cannot be opened or read.
-    static std::unique_ptr<SqliteFieldReader> start(const SqlConnection &connection,
-                                                     const SqlFieldResolver &resolver);
+    /// cannot serve two threads). Throws CatalogError when the file cannot be opened or read.
+    static std::unique_ptr<SqliteFieldReader> start(const SqlConnection &connection);
     /// Stops reading and waits for the thread.
     ~SqliteFieldReader();
     SqliteFieldReader(const SqliteFieldReader &) = delete;
     SqliteFieldReader &operator=(const SqliteFieldReader &) = delete;
 
-    /// Adds the fields read, in catalogue order, to the catalogue, whose categories and texts are
-    /// all added and known to the resolver by now. Throws CatalogError when reading or adding fails.
-    void addFieldsTo(MemoryCatalog &catalog);
+    /// Adds the fields read, in catalogue order, to the catalogue, whose categories are all added
+    /// by now; the resolver knows them and every text. Throws CatalogError when reading or adding fails.
+    void addFieldsTo(MemoryCatalog &catalog, const SqlFieldResolver &resolver);
 
 private:
     struct Private;

@@ -191,16 +191,16 @@ void loadProperties(const SqlConnection &connection, MemoryCatalog &catalog)
 
 void loadSqlCatalog(const SqlConnection &connection, MemoryCatalog &catalog, SqlFieldReading reading)
 {
-    SqlFieldResolver resolver(connection.location().display);
     // The fields of an SQLite catalogue are read on a second thread meanwhile.
     const std::unique_ptr<SqliteFieldReader> reader =
-        reading == SqlFieldReading::Fastest ? SqliteFieldReader::start(connection, resolver) : nullptr;
+        reading == SqlFieldReading::Fastest ? SqliteFieldReader::start(connection) : nullptr;
+    SqlFieldResolver resolver(connection.location().display);
     loadTexts(connection, resolver);
     loadUsers(connection, catalog);
     loadTypes(connection, catalog);
     loadCategories(connection, catalog, resolver);
     if (reader)
-        reader->addFieldsTo(catalog);
+        reader->addFieldsTo(catalog, resolver);
     else
         loadFields(connection, catalog, resolver);
     loadRcv(connection, catalog);
