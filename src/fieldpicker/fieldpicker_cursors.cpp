@@ -2,7 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
+#include <QPolygonF>
 #include <QPixmap>
 
 namespace PickerCtl::fieldpicker {
@@ -23,18 +23,9 @@ qreal screenRatio()
 
 void paintArrowPointer(QPainter &p)
 {
-    QPainterPath arrow;
-    arrow.moveTo(0, 0);
-    arrow.lineTo(0, 15);
-    arrow.lineTo(4, 11);
-    arrow.lineTo(7, 17);
-    arrow.lineTo(9, 16);
-    arrow.lineTo(6, 10);
-    arrow.lineTo(11, 10);
-    arrow.closeSubpath();
     p.setPen(QPen(Qt::white, 1));
     p.setBrush(Qt::black);
-    p.drawPath(arrow);
+    p.drawPolygon(QPolygonF{{0, 0}, {0, 15}, {4, 11}, {7, 17}, {9, 16}, {6, 10}, {11, 10}});
 }
 
 // A field card: a small sheet with one headline row, below and right of the pointer's hot spot.

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QPolygonF>
+#include <QTransform>
 
 #include <functional>
 
@@ -40,10 +42,7 @@ void paintClosedFolder(QPainter &p, const QRectF &r)
     toGrid(p, r);
     p.setPen(QPen(FolderEdge, 0.8));
     QPainterPath tab;
-    tab.moveTo(1.5, 4);
-    tab.lineTo(1.5, 2.5);
-    tab.lineTo(6, 2.5);
-    tab.lineTo(7.5, 4);
+    tab.addPolygon(QPolygonF{{1.5, 4}, {1.5, 2.5}, {6, 2.5}, {7.5, 4}});
     p.setBrush(FolderBack);
     p.drawPath(tab);
     p.setBrush(FolderFront);
@@ -58,23 +57,12 @@ void paintOpenFolder(QPainter &p, const QRectF &r)
     p.setPen(QPen(FolderEdge, 0.8));
     p.setBrush(FolderBack);
     QPainterPath back;
-    back.moveTo(1.5, 13.5);
-    back.lineTo(1.5, 2.5);
-    back.lineTo(6, 2.5);
-    back.lineTo(7.5, 4);
-    back.lineTo(13, 4);
-    back.lineTo(13, 7);
+    back.addPolygon(QPolygonF{{1.5, 13.5}, {1.5, 2.5}, {6, 2.5}, {7.5, 4}, {13, 4}, {13, 7}});
     p.drawPath(back);
     p.setBrush(SheetFill);
     p.drawRect(QRectF(3, 5, 9, 5));
-    QPainterPath front;
-    front.moveTo(1.5, 13.5);
-    front.lineTo(4, 7);
-    front.lineTo(15, 7);
-    front.lineTo(12.5, 13.5);
-    front.closeSubpath();
     p.setBrush(FolderFront);
-    p.drawPath(front);
+    p.drawPolygon(QPolygonF{{1.5, 13.5}, {4, 7}, {15, 7}, {12.5, 13.5}});
     p.restore();
 }
 
@@ -84,26 +72,9 @@ void paintArrow(QPainter &p, const QRectF &r, bool up)
     toGrid(p, r);
     p.setPen(Qt::NoPen);
     p.setBrush(ArrowFill);
-    QPainterPath arrow;
-    if (up) {
-        arrow.moveTo(8, 2);
-        arrow.lineTo(14, 9);
-        arrow.lineTo(10, 9);
-        arrow.lineTo(10, 14);
-        arrow.lineTo(6, 14);
-        arrow.lineTo(6, 9);
-        arrow.lineTo(2, 9);
-    } else {
-        arrow.moveTo(8, 14);
-        arrow.lineTo(14, 7);
-        arrow.lineTo(10, 7);
-        arrow.lineTo(10, 2);
-        arrow.lineTo(6, 2);
-        arrow.lineTo(6, 7);
-        arrow.lineTo(2, 7);
-    }
-    arrow.closeSubpath();
-    p.drawPath(arrow);
+    const QPolygonF arrow{{8, 2}, {14, 9}, {10, 9}, {10, 14}, {6, 14}, {6, 9}, {2, 9}};
+    // The down arrow is the up arrow turned over.
+    p.drawPolygon(up ? arrow : QTransform(1, 0, 0, -1, 0, 16).map(arrow));
     p.restore();
 }
 
