@@ -11,6 +11,9 @@ function(pickerctl_area target)
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<BUILD_INTERFACE:${PICKERCTL_GENERATED_INCLUDE_DIR}>
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  # Compiled for the shared library: its exported symbols are exports, not imports.
+  target_compile_definitions(${target} PRIVATE PickerCtl_EXPORTS)
   pickerctl_warnings(${target})
 endfunction()

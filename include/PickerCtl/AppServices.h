@@ -54,6 +54,9 @@ public:
 
     static std::shared_ptr<AppServices> instance();
     static void setInstance(std::shared_ptr<AppServices> services);
+    /// A new instance of the library's own services (the Qt cursor stack and number checks), the
+    /// one a thread gets when no host set another; hosts wrap it to change a part of it.
+    static std::shared_ptr<AppServices> createStandard();
 };
 
 /// Shows the hourglass for its lifetime: Push(11) on construction, Pop() on destruction,

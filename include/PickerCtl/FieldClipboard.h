@@ -51,7 +51,8 @@ struct FieldRef
  *   1, count (uint32), then per field its id (int32), its key length in UTF-16 units (uint32) and
  *   the key (UTF-16LE); offered only when the format id is registered;
  * - "text/plain": the field names, one a line;
- * - "text/csv": a header row "Id,Name,Category,Type" and one row per field, quoted as RFC 4180.
+ * - "text/csv": a header row "Key,Name,Category,Technology,Type,Owner" and one row per field,
+ *   quoted as RFC 4180.
  */
 PICKERCTL_EXPORT std::unique_ptr<QMimeData> renderFieldClipData(const FieldClipData &data);
 

@@ -37,7 +37,7 @@ public:
 };
 
 /**
- * The look of the field lists: a light tint on every second row, an italic font for expressions
+ * The look of the field lists: every second row banded, an italic font for expressions
  * that are not validated, and one icon per field kind (counter, expression, user-defined calculation).
  * One object serves as all three providers of XStaticList.
  */
@@ -51,7 +51,8 @@ public:
     QFont ItemFont(const Field &field, const QFont &listFont) const override;
     QIcon ItemIcon(const Field &field, bool large) const override;
 
-    /// The tint of every second row; an invalid colour switches the tint off.
+    /// A tint of every second row over the list's own banding; invalid (the default) leaves the
+    /// banding to the list's palette (AlternateBase).
     QColor AlternateColor() const;
     void setAlternateColor(const QColor &color);
 

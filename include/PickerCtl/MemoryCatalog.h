@@ -2,7 +2,10 @@
 
 #include <PickerCtl/FieldCatalog.h>
 
+#include <QHash>
 #include <QStringList>
+
+#include <optional>
 
 namespace PickerCtl {
 
@@ -50,6 +53,9 @@ public:
     virtual ~CatalogWriter();
     virtual void changeOwner(const QList<qint32> &fieldIds, qint32 ownerId) = 0;
     virtual void deleteFields(const QList<qint32> &fieldIds) = 0;
+    /// The owner of every field the store holds now, by field id, for MemoryCatalog::Refresh;
+    /// nothing (the default) for a store that cannot be read back.
+    virtual std::optional<QHash<qint32, qint32>> storedOwners();
 };
 
 /**
@@ -85,12 +91,16 @@ public:
  *   with an empty rcvFormFilter that is the mapping under the empty form name.
  *
  * Changes: ChangeOwner takes a user id (CurrentUser::Identity) and throws CatalogError for an
- * unknown user. DeleteFields leaves out the fields whose keys are in the exceptions and refuses,
- * with CatalogError and nothing changed, when the current user (UserContext::instance()) is no
- * administrator and any of the fields belongs to another user. Both ignore fields that are not
- * (or no longer) in the catalogue, call the CatalogWriter first (a throwing writer leaves the
- * catalogue unchanged), then apply the change and raise FieldUpdates::FieldsChange once per
- * category (its EntityId, the fields of that category, Changed or Removed).
+ * unknown user. DeleteFields leaves out the fields whose keys are in the exceptions. Both keep the
+ * ownership rule for the current user (UserContext::instance()): a user who is read-only or may
+ * not modify fields changes nothing, any other user re-owns and deletes only his own fields unless
+ * he is an administrator; one refused field refuses the whole call with CatalogError and nothing
+ * changed. Both ignore fields that are not (or no longer) in the catalogue, call the CatalogWriter
+ * first (a throwing writer leaves the catalogue unchanged), then apply the change and raise
+ * FieldUpdates::FieldsChange once per category (its EntityId, the fields of that category,
+ * Changed or Removed). Refresh brings in the ownership changes and deletions that other clients
+ * of the writer's store committed meanwhile, with the same notifications; FieldCategory::Reload
+ * (which a control's Refresh calls) runs it.
  *
  * Fields stay readable after the catalogue is destroyed; they keep its shared tables alive.
  */
@@ -121,6 +131,10 @@ public:
     /// The store GetProperties hands out; without one, a MemoryPropertyStore made on first use.
     void setProperties(const PropertyStorePtr &store);
     void setWriter(const std::shared_ptr<CatalogWriter> &writer);
+    /// Re-reads the owners of the fields from the writer's store: fields gone from the store are
+    /// removed, re-owned fields take their new owner. Does nothing without a writer; throws
+    /// CatalogError (nothing changed) when the store cannot be read.
+    void Refresh();
 
     // FieldCatalog
     CategoryTreePtr GetCategoryTree(const QString &appName) override;

@@ -60,8 +60,8 @@ private:
 
 /**
  * A bag in one group of a QSettings (which the caller owns and keeps alive). Fonts are stored in
- * their QFont::toString() form and colours as "#rrggbb" ("#aarrggbb" when not opaque), so that an
- * INI file stays readable; tryConvert turns both back.
+ * their QFont::toString() form, colours as "#rrggbb" ("#aarrggbb" when not opaque) and floats as
+ * nine-digit text, so that an INI file stays readable; tryConvert turns all three back exactly.
  */
 class PICKERCTL_EXPORT SettingsPropertyBag : public PropertyBag
 {
@@ -88,7 +88,9 @@ private:
  * - int (32-bit; enumerations and OLE colours): whole numbers in range, whole-valued reals, bools,
  *   decimal text, and a QColor or "#rrggbb" text (as its OLE colour 0x00BBGGRR);
  * - bool: bools, numbers (non-zero is true), the texts "true"/"false"/"1"/"0"/"-1" in any case;
- * - float and double: numbers and C-locale decimal text; NaN and infinities are refused;
+ * - float and double: numbers and C-locale decimal text; NaN and infinities are refused, and so
+ *   is a value that would round to an infinite float (one that rounds to FLT_MAX is FLT_MAX);
+ * - QString from a float: nine significant digits, which read back as exactly that float;
  * - QString: text, numbers, bools, a QFont (its toString() form) and a QColor (its name);
  * - QFont: a QFont or its QFont::toString() text;
  * - QColor: a QColor, "#rrggbb"/"#aarrggbb" or a colour name, or an OLE colour number (system

@@ -8,7 +8,9 @@
 namespace PickerCtl {
 
 /// The application's store of named settings: column layouts, user settings such as
-/// "Full Row Selection" and "Warn on Multiple TechTypes".
+/// "Full Row Selection" and "Warn on Multiple TechTypes". A store that keeps its settings somewhere
+/// that can fail (a file) throws CatalogError from SetItem and Remove when a change cannot be kept,
+/// and then still holds what it held before the call.
 class PICKERCTL_EXPORT PropertyStore
 {
 public:

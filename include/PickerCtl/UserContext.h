@@ -33,8 +33,8 @@ public:
     virtual ~UserContext();
     virtual CurrentUserPtr CurrentUser() const = 0;
 
-    /// This thread's instance; created on first use (a context of the catalogue's first administrator,
-    /// or of a built-in administrator when the catalogue has no users).
+    /// This thread's instance; created on first use as an anonymous user with no rights (id 0, no
+    /// administrator, read-only, may not modify fields), so a host that names no user changes nothing.
     static std::shared_ptr<UserContext> instance();
     /// Replaces this thread's instance (a host or a test, best before first use).
     static void setInstance(std::shared_ptr<UserContext> context);

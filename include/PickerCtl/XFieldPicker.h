@@ -31,6 +31,28 @@ class PropertyBag;
 class PICKERCTL_EXPORT XFieldPicker : public QWidget
 {
     Q_OBJECT
+    // The persisted design-time properties, so that form designers show them and .ui files keep
+    // them. Enabled and Font are QWidget's own "enabled" and "font": a second property of the same
+    // meaning would be offered and saved twice. The measures are twips; designers see them as double.
+    Q_PROPERTY(PickerCtl::ETPLTemplateView TemplateView READ TemplateView WRITE setTemplateView)
+    Q_PROPERTY(bool CaptionVisible READ CaptionVisible WRITE setCaptionVisible)
+    Q_PROPERTY(QColor BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(QColor ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(double Indentation READ Indentation WRITE setIndentation)
+    Q_PROPERTY(bool FullRowSelect READ FullRowSelect WRITE setFullRowSelect)
+    Q_PROPERTY(double SplitterWidth READ SplitterWidth WRITE setSplitterWidth)
+    Q_PROPERTY(double SplitterLeft READ SplitterLeft WRITE setSplitterLeft NOTIFY SplitterAdjustment)
+    Q_PROPERTY(bool HideSelection READ HideSelection WRITE setHideSelection)
+    Q_PROPERTY(bool UseForBusyHour READ UseForBusyHour WRITE setUseForBusyHour)
+    Q_PROPERTY(bool MultiSelect READ MultiSelect WRITE setMultiSelect)
+    Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
+    Q_PROPERTY(bool AllowContextMenu READ AllowContextMenu WRITE setAllowContextMenu)
+    Q_PROPERTY(bool AllowDragDrop READ AllowDragDrop WRITE setAllowDragDrop)
+    Q_PROPERTY(bool AllowOpenMenu READ AllowOpenMenu WRITE setAllowOpenMenu)
+    Q_PROPERTY(QString OpenMenuCaption READ OpenMenuCaption WRITE setOpenMenuCaption)
+    Q_PROPERTY(PickerCtl::ETPLRootLbl RootLbl READ RootLbl WRITE setRootLbl)
+    Q_PROPERTY(bool ShowEntityFld READ ShowEntityFld WRITE setShowEntityFld)
+    Q_PROPERTY(bool ShowAll READ ShowAll WRITE setShowAll)
 
 public:
     explicit XFieldPicker(QWidget *parent = nullptr);
@@ -144,6 +166,31 @@ public:
     bool UseForBusyHour() const;
     /// A busy-hour pick is always a single field: switching it on switches MultiSelect off.
     void setUseForBusyHour(bool on);
+    /// The entity that bounds a busy-hour view; 0 without one. Setting it refreshes the view.
+    qint32 ClusterEntityId() const;
+    void setClusterEntityId(qint32 entityId);
+
+    // --- Selection, clipboard and deletion -----------------------------------------------------
+
+    void SelectAll();
+    void ClearSelection();
+    void InvertSelection();
+    /// The selected fields in list order (a new collection, empty when nothing is selected).
+    FieldsPtr Selection() const;
+    /// Shows the field's category and selects the field, scrolled into view.
+    void SelectFieldById(qint32 ord);
+    /// Selects the field only when it belongs to the category shown now; does not scroll.
+    void SelectVisibleFieldById(qint32 ord);
+    /// Selects the fields of a FieldsPtr or the one field of a FieldPtr that the list shows and
+    /// returns the collection it selected from; anything else selects nothing and returns null.
+    QVariant SetSelection(const QVariant &v);
+    /// Deletes the selection through the catalogue after the UDC ownership check, leaving out
+    /// the fields of fldsException; raises StateChange when the deletion ran.
+    void DeleteSelection(const FieldsPtr &fldsException = nullptr);
+    /// Copies the selection to the clipboard; an empty selection leaves the clipboard alone.
+    void Copy();
+    /// Asks for a new owner and gives it the selected fields.
+    void ChangeSelectionOwnership();
 
     // --- Forwarding to the list and status queries ---------------------------------------------
 
@@ -170,6 +217,9 @@ public:
     /// Saves the design-time properties; values equal to their defaults are not stored.
     void WriteProperties(PropertyBag &bag) const;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void SplitterAdjustment();
     void StateChange();
@@ -187,6 +237,7 @@ protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     struct Private;

@@ -24,7 +24,7 @@ namespace PickerCtl {
  *
  * The list shows a Fields collection by reference: it never copies the collection, and sorting
  * goes through a row permutation, so the host's collection keeps its order. Only AppendItem(s),
- * RemoveItem and MoveSelectionUp/Down change the collection itself.
+ * RemoveItem(s), InsertItems and MoveSelectionUp/Down change the collection itself.
  *
  * Child widgets: the report view "lvw" (a tree view used as a flat list), the list/icon view
  * "lvwIcons", the header menu "mnuHeader". Column ids and captions: FieldListColumns in the private
@@ -86,6 +86,12 @@ public:
     /// Removes that very object's first position, else the first item with its key; false when
     /// neither is shown.
     bool RemoveItem(const FieldPtr &field);
+    /// Removes every given item as successive RemoveItem calls would, in one pass over the list
+    /// (a template of 100,000 fields loses a large selection at once); returns how many went.
+    qint32 RemoveItems(const FieldsPtr &fields);
+    /// Inserts the fields, in order, before the item shown at `row` (Count() or beyond appends),
+    /// as one insertion. While sorted they are appended and shown last.
+    void InsertItems(qint32 row, const FieldsPtr &fields);
 
     // --- Selection -------------------------------------------------------------------------------
 
@@ -163,6 +169,12 @@ public:
     /// AllowDragDrop is on and an item is selected; otherwise DragStarted, DragDataRequested for
     /// each format, the drag itself and DragCompleted once.
     void startDrag(Qt::DropActions allowed);
+    /// Decides a drop of `data` before the row `row` (Count() for the end): `apply` false only
+    /// asks whether the data could be dropped (while the mouse moves), true carries the drop out.
+    using DropHandler = std::function<bool(const QMimeData *data, qint32 row, bool apply)>;
+    /// With a handler the list accepts drops between its rows and on its empty area, shows where
+    /// the drop would land and scrolls near its edges; null makes it refuse drops again.
+    void setDropHandler(DropHandler handler);
     EListStyle ListStyle() const;
     void setListStyle(EListStyle style);
     EArrangeIcons ArrangeIcons() const;

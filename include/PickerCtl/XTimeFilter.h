@@ -27,15 +27,18 @@ public:
 
     /// True once the user changed anything since the last SetDateFilter.
     bool IsModified() const;
-    /// Checks the count of a relative period (a whole number of at least 1) or the order of an
-    /// absolute period (equal ends pass); on failure writes the reason into sErrorText and moves the
-    /// focus to the offending widget.
+    /// Checks the count of a relative period (a whole number of at least 1) or an absolute period:
+    /// each end must exist in its time zone (not in the hour skipped when summer time begins) and
+    /// lie within the dates the pickers show (years 100 to 9999), and the end must not come before
+    /// the start (equal ends pass). On failure writes the reason, naming the moment, into
+    /// sErrorText and moves the focus to the offending widget.
     bool IsValid(QString &sErrorText);
     bool IsValid();
     /// A new value object of the form shown; under "All items" nothing is set on it.
     TimeFilterValuePtr GetTimeFilter() const;
     /// Loads fltrDate (nullptr: all items); fltrDate is neither written nor kept. An absolute
-    /// period with an unset end shows as all items.
+    /// period with an unset end shows as all items. Each end keeps its time zone or offset, and
+    /// an end the pickers cannot show is handed back unchanged until the user picks another.
     void SetDateFilter(const TimeFilterValuePtr &fltrDate);
     /// Back to all items with every count at 1; raises Changed only if that changes a widget.
     void ClearAll();

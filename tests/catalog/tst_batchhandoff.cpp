@@ -1,6 +1,6 @@
 // Handing batches between two threads: order kept, failures passed on after the batches before
 // them, and a consumer that gives up never leaves the producer hanging.
-#include "catalog/batchhandoff.h"
+#include "catalog/sql/batchhandoff.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-#include "catalog/messageboxstyle.h"
-#include "catalog/ownerpickerdialog.h"
+#include "catalog/qtservices/messageboxstyle.h"
+#include "catalog/qtservices/ownerpickerdialog.h"
 
 #include <PickerCtl/FixedUserContext.h>
 #include <PickerCtl/testing/ScriptedMessageService.h>

@@ -1,4 +1,4 @@
-#include "catalog/numbercheck.h"
+#include "catalog/core/numbercheck.h"
 
 #include <QTest>
 
@@ -8,6 +8,10 @@ using namespace PickerCtl;
 
 namespace {
 const QVariant kOpen;
+const double kNaN = std::numeric_limits<double>::quiet_NaN();
+const double kInf = std::numeric_limits<double>::infinity();
+const QString kLowerNaN = QStringLiteral("The allowed range is not valid: its lower end is not a number.");
+const QString kUpperNaN = QStringLiteral("The allowed range is not valid: its upper end is not a number.");
 }
 
 class TestNumberCheck : public QObject
@@ -53,6 +57,22 @@ private Q_SLOTS:
                               << QStringLiteral("No value was entered: enter a whole number.");
         QTest::newRow("huge text is cut in the message") << en << QVariant(QString(500, QLatin1Char('x'))) << kOpen << kOpen << false << 0
                               << QStringLiteral("\"%1...\" is not a whole number.").arg(QString(40, QLatin1Char('x')));
+        QTest::newRow("tab around is text") << en << QVariant("\t7") << kOpen << kOpen << false << 0
+                              << QStringLiteral("\"\t7\" is not a whole number.");
+        QTest::newRow("NaN value") << en << QVariant(kNaN) << kOpen << kOpen << false << 0
+                              << QStringLiteral("\"nan\" is not a whole number.");
+        QTest::newRow("NaN lower end") << en << QVariant("5") << QVariant(kNaN) << kOpen << false << 0 << kLowerNaN;
+        QTest::newRow("NaN upper end") << en << QVariant("5") << QVariant(1) << QVariant(kNaN) << false << 0 << kUpperNaN;
+        QTest::newRow("NaN text upper end") << en << QVariant("5") << kOpen << QVariant("nan") << false << 0 << kUpperNaN;
+        QTest::newRow("huge upper end is compared, not converted") << en << QVariant("5") << QVariant(1) << QVariant(1e300)
+                              << true << 5 << QString();
+        QTest::newRow("huge upper end in the message") << en << QVariant("0") << QVariant(1) << QVariant(1e300) << false << 0
+                              << QStringLiteral("\"0\" is out of range: enter a whole number from 1 to 1e+300.");
+        QTest::newRow("huge lower end refuses every 32-bit number") << en << QVariant("2147483647") << QVariant(1e19) << kOpen
+                              << false << 0 << QStringLiteral("\"2147483647\" is out of range: enter a whole number of at least 1e+19.");
+        QTest::newRow("infinite ends are open") << en << QVariant("-12") << QVariant(-kInf) << QVariant(kInf) << true << -12 << QString();
+        QTest::newRow("infinite lower end above everything") << en << QVariant("12") << QVariant(kInf) << kOpen << false << 0
+                              << QStringLiteral("\"12\" is out of range: enter a whole number of at least inf.");
     }
 
     void shouldCheckWholeNumbers()
@@ -100,6 +120,22 @@ private Q_SLOTS:
                                   << QStringLiteral("\"inf\" is not a number.");
         QTest::newRow("blank") << en << QVariant("   ") << kOpen << kOpen << false << 0.0
                                << QStringLiteral("No value was entered: enter a number.");
+        QTest::newRow("NaN value") << en << QVariant(kNaN) << kOpen << kOpen << false << 0.0
+                                   << QStringLiteral("\"nan\" is not a number.");
+        QTest::newRow("infinite value") << en << QVariant(kInf) << kOpen << kOpen << false << 0.0
+                                        << QStringLiteral("\"inf\" is not a number.");
+        QTest::newRow("negative infinite value") << en << QVariant(-kInf) << QVariant(0.0) << kOpen << false << 0.0
+                                        << QStringLiteral("\"-inf\" is not a number: enter a number of at least 0.");
+        QTest::newRow("NaN text") << en << QVariant("NaN") << kOpen << kOpen << false << 0.0
+                                  << QStringLiteral("\"NaN\" is not a number.");
+        QTest::newRow("overflowing text") << en << QVariant("1e999") << kOpen << kOpen << false << 0.0
+                                  << QStringLiteral("\"1e999\" is not a number.");
+        QTest::newRow("NaN lower end") << en << QVariant("1") << QVariant(kNaN) << QVariant(2.0) << false << 0.0 << kLowerNaN;
+        QTest::newRow("NaN upper end") << en << QVariant("1") << kOpen << QVariant(kNaN) << false << 0.0 << kUpperNaN;
+        QTest::newRow("largest double within infinite ends") << en << QVariant(std::numeric_limits<double>::max())
+                                  << QVariant(-kInf) << QVariant(kInf) << true << std::numeric_limits<double>::max() << QString();
+        QTest::newRow("newline around is text") << en << QVariant("2.5\n") << kOpen << kOpen << false << 0.0
+                                  << QStringLiteral("\"2.5\n\" is not a number.");
     }
 
     void shouldCheckRealNumbers()

@@ -1,6 +1,6 @@
 #include "catalog_test_helpers.h"
 
-#include "catalog/qtwaitcursor.h"
+#include "catalog/qtservices/qtwaitcursor.h"
 
 #include <PickerCtl/CatalogError.h>
 #include <PickerCtl/MessageService.h>
@@ -51,7 +51,7 @@ private Q_SLOTS:
         UserContext::setInstance(nullptr);
     }
 
-    void shouldKeepOneInstanceOfEachServicePerThread()
+    void shouldKeepAndReplaceOneInstanceOfEachServicePerThread()
     {
         const Instances here = current();
         const Instances again = current();
@@ -67,36 +67,35 @@ private Q_SLOTS:
         QVERIFY(there.user != here.user);
         QVERIFY(there.messages != here.messages);
         QVERIFY(there.picker != here.picker);
-    }
 
-    void shouldReplaceOnlyTheCallingThreadsInstance()
-    {
+        // Replacing an instance replaces only the calling thread's
         auto mine = sampleCatalog();
         FieldCatalog::setInstance(mine);
-
         QCOMPARE(FieldCatalog::instance(), std::shared_ptr<FieldCatalog>(mine));
         QVERIFY(onAnotherThread().catalog != mine.get());
     }
 
-    void shouldLogInTheCataloguesFirstAdministratorByDefault()
+    void shouldGiveAHostThatNamesNoUserNoRights()
     {
+        // Given a catalogue with administrators, and a host that never set a user
         auto catalog = sampleCatalog();
-        catalog->addUser({7, QStringLiteral("second admin"), true});
         FieldCatalog::setInstance(catalog);
         UserContext::setInstance(nullptr);
 
-        QCOMPARE(UserContext::instance()->CurrentUser()->UserId(), sample::Admin);
-    }
-
-    void shouldFallBackToABuiltInAdministrator()
-    {
-        FieldCatalog::setInstance(std::make_shared<MemoryCatalog>());
-        UserContext::setInstance(nullptr);
+        // When the controls ask who is logged in
         const CurrentUserPtr user = UserContext::instance()->CurrentUser();
 
-        QVERIFY(user->IsAdministrator());
-        QCOMPARE(user->UserId(), 1);
-        QCOMPARE(user->Name(), QStringLiteral("admin"));
+        // Then it is nobody with rights: no administrator, read-only, owning nothing
+        QVERIFY(user);
+        QCOMPARE(user->UserId(), 0);
+        QVERIFY(!user->IsAdministrator());
+        QVERIFY(user->IsReadOnly());
+        QVERIFY(!user->CanModifyFields());
+        auto some = Fields::create();
+        some->Add(catalog->GetField(sample::App, 14));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->DeleteFields(some, nullptr));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, sample::Alice));
+        QCOMPARE(catalog->GetField(sample::App, 14)->OwnerId(), sample::Bob);
     }
 
     void shouldBalanceTheWaitCursorWhenTheOperationThrows()

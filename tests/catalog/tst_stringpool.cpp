@@ -1,5 +1,5 @@
 // The pool of shared texts: one position per distinct text, however the text is handed in.
-#include "catalog/stringpool.h"
+#include "catalog/core/stringpool.h"
 
 #include <QTest>
 

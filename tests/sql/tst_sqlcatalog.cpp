@@ -1,10 +1,11 @@
 // The SQL catalogue: what is written comes back, changes reach the database inside one
 // transaction each, the store guards other users' fields, and broken input fails cleanly.
-#include "catalog/sqlconnection.h"
-#include "catalog/sqllocation.h"
-#include "catalog/sqlloader.h"
-#include "catalog/sqlschema.h"
-#include "catalog/sqlwriter.h"
+#include "catalog/sql/sqlconnection.h"
+#include "catalog/sql/sqllocation.h"
+#include "catalog/sql/sqlloader.h"
+#include "catalog/sql/sqlschema.h"
+#include "catalog/sql/sqlwriter.h"
+#include "sqlcatalog_helpers.h"
 
 #include <PickerCtl/CatalogError.h>
 #include <PickerCtl/FieldCategory.h>
@@ -12,7 +13,9 @@
 #include <PickerCtl/ListViewProperties.h>
 #include <PickerCtl/SqlCatalog.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -21,133 +24,11 @@
 #include <random>
 
 using namespace PickerCtl;
+using namespace PickerCtl::test;
 
 Q_DECLARE_METATYPE(PickerCtl::UserSpec)
 
 namespace {
-
-const UserSpec Admin{1, QStringLiteral("admin"), true, true, false};
-const UserSpec Alice{2, QStringLiteral("alice"), false, true, false};
-const UserSpec Bob{3, QStringLiteral("bob"), false, true, false};
-const UserSpec Viewer{4, QStringLiteral("viewer"), false, false, true};
-const QString App = QStringLiteral("Reports");
-const QString OtherApp = QStringLiteral("Busy Hour");
-
-// Field ids of the small catalogue.
-constexpr qint32 CounterId = 10;
-constexpr qint32 ExpressionId = 11;
-constexpr qint32 AliceUdcId = 20;
-constexpr qint32 BobUdcId = 21;
-constexpr qint32 ScenarioFieldId = 30;
-constexpr qint32 OtherAppFieldId = 40;
-
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name, qint32 entityId = 0)
-{
-    CategorySpec c;
-    c.key = key;
-    c.parentKey = parentKey;
-    c.name = name;
-    c.entityId = entityId;
-    return c;
-}
-
-FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &type, qint32 owner,
-                const QString &mask)
-{
-    FieldSpec f;
-    f.id = id;
-    f.categoryKey = categoryKey;
-    f.name = name;
-    f.typeCode = type;
-    f.ownerId = owner;
-    f.techMask = mask;
-    f.expression = type != QLatin1String("CNT");
-    f.description = name + QStringLiteral(" described");
-    f.unit = type == QLatin1String("CNT") ? QStringLiteral("ms") : QString();
-    return f;
-}
-
-QList<FieldSpec> smallCatalogueFields()
-{
-    FieldSpec expression = field(ExpressionId, QStringLiteral("R:CELL"), QStringLiteral("Drop Rate"),
-                                 QStringLiteral("EXP"), Admin.id, QStringLiteral("LN"));
-    expression.validationStatus = QStringLiteral("I");
-    expression.busyHour = true;
-    return {
-        field(CounterId, QStringLiteral("R:CELL"), QStringLiteral("DRB.AirIfDelayDl"), QStringLiteral("CNT"),
-              Admin.id, QStringLiteral("N")),
-        expression,
-        field(AliceUdcId, QStringLiteral("R:UDC"), QStringLiteral("Alice's Ratio"), QStringLiteral("UDC"),
-              Alice.id, QStringLiteral("GUL")),
-        field(BobUdcId, QStringLiteral("R:UDC"), QStringLiteral("Bob's \"quoted\" 'Ratio'; DROP TABLE fields"),
-              QStringLiteral("UDC"), Bob.id, QStringLiteral("L")),
-        field(ScenarioFieldId, QStringLiteral("R:SCN"), QStringLiteral("Subscribers"), QStringLiteral("CNT"),
-              Admin.id, QStringLiteral("GULNC")),
-        field(OtherAppFieldId, QStringLiteral("B:SYS"), QStringLiteral("Date"), QStringLiteral("CNT"), Admin.id,
-              QStringLiteral("G")),
-    };
-}
-
-/// Two applications shaped like the sample: root, entity branch, generic branch with SYSTEM.
-void writeSmallCatalogue(const QString &path)
-{
-    SqlCatalogBuilder b(path);
-    for (const UserSpec &user : {Admin, Alice, Bob, Viewer})
-        b.addUser(user);
-    b.addTechnology(QStringLiteral("GSM"), QStringLiteral("G"), 1);
-    b.addTechnology(QStringLiteral("UMTS"), QStringLiteral("U"), 2);
-    b.addTechnology(QStringLiteral("LTE"), QStringLiteral("L"), 4);
-    b.addTechnology(QStringLiteral("NR"), QStringLiteral("N"), 8);
-    b.addTechnology(QStringLiteral("5GC"), QStringLiteral("C"), 16);
-    b.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
-    b.addFieldType(QStringLiteral("EXP"), QStringLiteral("Calculated Expression"));
-    b.addFieldType(QStringLiteral("UDC"), QStringLiteral("User-Defined Calculation"));
-
-    b.addApplication(App);
-    b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
-    CategorySpec network = category(QStringLiteral("R:NET"), QStringLiteral("R:ROOT"), QStringLiteral("Network"), 1);
-    network.nodeKey = QStringLiteral("Entities");
-    b.addCategory(network);
-    CategorySpec cell = category(QStringLiteral("R:CELL"), QStringLiteral("Entities"), QStringLiteral("Cell A"), 2);
-    cell.caption = QStringLiteral("Cell A (NR)");
-    b.addCategory(cell);
-    CategorySpec generic = category(QStringLiteral("R:GEN"), QStringLiteral("R:ROOT"), QStringLiteral("Generic"));
-    generic.nodeKey = genericLabel();
-    b.addCategory(generic);
-    b.addCategory(category(QStringLiteral("R:SYS"), genericLabel(), QStringLiteral("SYSTEM")));
-    CategorySpec scenario = category(QStringLiteral("R:SCN"), genericLabel(), QStringLiteral("Scenario Data"));
-    scenario.rcvFormName = QStringLiteral("SCENARIO");
-    b.addCategory(scenario);
-    b.addCategory(category(QStringLiteral("R:UDC"), genericLabel(), QStringLiteral("User-Defined Calculations")));
-
-    b.addApplication(OtherApp);
-    b.addCategory(category(QStringLiteral("B:ROOT"), QString(), OtherApp));
-    b.addCategory(category(QStringLiteral("B:SYS"), QStringLiteral("B:ROOT"), QStringLiteral("SYSTEM")));
-
-    for (const FieldSpec &f : smallCatalogueFields())
-        b.addField(f);
-    b.addRcvForm(QStringLiteral("SCENARIO"), QStringLiteral("Scenario Data"));
-    b.addRcvField(QStringLiteral("SCENARIO"), QStringLiteral("SUBS"), ScenarioFieldId);
-    b.addEnumList(QStringLiteral("Priority"), {QStringLiteral("Low"), QStringLiteral("Normal"), QStringLiteral("High")},
-                  {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")});
-    b.setProperty(QStringLiteral("Full Row Selection"), true);
-    b.setProperty(QStringLiteral("Column Width"), 120);
-    b.setProperty(QStringLiteral("Layout"), QStringLiteral("a,b;c"));
-    b.commit();
-}
-
-FieldsPtr fieldsWithIds(MemoryCatalog &catalog, const QList<qint32> &ids)
-{
-    auto fields = Fields::create();
-    for (const qint32 id : ids)
-        fields->Add(catalog.GetField(App, id));
-    return fields;
-}
-
-void logIn(const UserSpec &user)
-{
-    UserContext::setInstance(std::make_shared<FixedUserContext>(std::make_shared<FixedUser>(user)));
-}
 
 bool writeBytes(const QString &path, const QByteArray &bytes)
 {
@@ -207,8 +88,25 @@ class TestSqlCatalog : public QObject
     Q_OBJECT
 
 private:
+    CatalogueStores m_stores;
     QTemporaryDir m_dir;
     QString m_path;
+
+    static void addStoreRows()
+    {
+        QTest::addColumn<QString>("store");
+        for (const QString &store : Stores)
+            QTest::newRow(qPrintable(store)) << store;
+    }
+
+    /// A fresh small catalogue in the row's store; empty (and the reason logged) when there is none.
+    QString freshCatalogue(const QString &store)
+    {
+        const QString location = m_stores.fresh(store);
+        if (location.isEmpty())
+            qWarning("%s", qPrintable(m_stores.error()));
+        return location;
+    }
 
 private slots:
     void init()
@@ -225,18 +123,28 @@ private slots:
         UserContext::setInstance(nullptr);
     }
 
+    void cleanupTestCase()
+    {
+        m_stores.stop();
+    }
+
     void shouldReadBackEveryFieldAsWritten_data()
     {
+        QTest::addColumn<QString>("store");
         QTest::addColumn<SqlFieldReading>("reading");
-        QTest::newRow("SQLite reader thread") << SqlFieldReading::Fastest;
-        QTest::newRow("Qt driver, as for PostgreSQL") << SqlFieldReading::QtDriver;
+        QTest::newRow("SQLite file, reader thread") << SqliteStore << SqlFieldReading::Fastest;
+        QTest::newRow("SQLite file, Qt driver") << SqliteStore << SqlFieldReading::QtDriver;
+        QTest::newRow("PostgreSQL") << PostgresStore << SqlFieldReading::Fastest;
     }
 
     void shouldReadBackEveryFieldAsWritten()
     {
+        QFETCH(QString, store);
         QFETCH(SqlFieldReading, reading);
-        // Given the small catalogue on disk, When it is opened
-        const auto catalog = openReading(m_path, reading);
+        // Given the small catalogue in the store, When it is opened
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
+        const auto catalog = openReading(location, reading);
 
         // Then every field carries what was written, quotes and SQL as plain text
         for (const FieldSpec &spec : smallCatalogueFields()) {
@@ -253,7 +161,7 @@ private slots:
             QCOMPARE(f->Description(), spec.description);
             QCOMPARE(f->Unit(), spec.unit);
         }
-        QCOMPARE(catalog->GetCategoryTree(App)->AllFields(0)->Count(), 5);
+        QCOMPARE(catalog->GetCategoryTree(App)->AllFields(0)->Count(), 7);
         QCOMPARE(catalog->GetCategoryTree(OtherApp)->AllFields(0)->Count(), 1);
     }
 
@@ -264,10 +172,13 @@ private slots:
 
     void shouldReadManyFieldsInOrder()
     {
+        QFETCH(QString, store);
         QFETCH(SqlFieldReading, reading);
-        writeLargeCatalogue(m_path);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
+        writeLargeCatalogue(location);
 
-        const FieldsPtr all = openReading(m_path, reading)->GetCategoryTree(App)->AllFields(0);
+        const FieldsPtr all = openReading(location, reading)->GetCategoryTree(App)->AllFields(0);
 
         QCOMPARE(all->Count(), LargeFieldCount);
         for (qint32 i = 0; i < LargeFieldCount; ++i) {
@@ -277,9 +188,48 @@ private slots:
         }
     }
 
-    void shouldReadBackTheCatalogueShape()
+    void shouldRefuseIdsBeyond32Bits_data()
     {
-        const auto catalog = SqlCatalog::open(m_path);
+        QTest::addColumn<SqlFieldReading>("reading");
+        QTest::addColumn<QString>("column");
+        // 2^32 + 10 would read as the counter's own id 10 if only its low bits were kept.
+        QTest::newRow("field id, reader thread") << SqlFieldReading::Fastest << QStringLiteral("id");
+        QTest::newRow("field id, Qt driver") << SqlFieldReading::QtDriver << QStringLiteral("id");
+        QTest::newRow("owner id, reader thread") << SqlFieldReading::Fastest << QStringLiteral("owner_id");
+        QTest::newRow("owner id, Qt driver") << SqlFieldReading::QtDriver << QStringLiteral("owner_id");
+    }
+
+    void shouldRefuseIdsBeyond32Bits()
+    {
+        QFETCH(SqlFieldReading, reading);
+        QFETCH(QString, column);
+        // Given the counter's id or owner stored as a number beyond 32 bits
+        const QString value = column == QLatin1String("id") ? QStringLiteral("4294967306") : QStringLiteral("4294967297");
+        QVERIFY(runOn(m_path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
+                               QStringLiteral("UPDATE fields SET %1 = %2 WHERE id = %3").arg(column, value).arg(CounterId)}));
+
+        // When the catalogue is opened, Then it is refused with an error naming the field's row
+        try {
+            openReading(m_path, reading);
+            QFAIL("a field id beyond 32 bits was read");
+        } catch (const CatalogError &e) {
+            QVERIFY2(e.message().contains(QLatin1String("DRB.AirIfDelayDl")), qPrintable(e.message()));
+            QVERIFY2(e.message().contains(value), qPrintable(e.message()));
+            QVERIFY2(e.message().contains(QLatin1String("32 bits")), qPrintable(e.message()));
+        }
+    }
+
+    void shouldReadBackTheCatalogueShapeEnumerationsAndProperties_data()
+    {
+        addStoreRows();
+    }
+
+    void shouldReadBackTheCatalogueShapeEnumerationsAndProperties()
+    {
+        QFETCH(QString, store);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
+        const auto catalog = SqlCatalog::open(location);
 
         QCOMPARE(catalog->Applications(), (QStringList{App, OtherApp}));
         QStringList keys;
@@ -305,18 +255,15 @@ private slots:
                          .arg(int(u->CanModifyFields())).arg(int(u->IsReadOnly()));
         }
         QCOMPARE(users, (QStringList{QStringLiteral("1 admin 110"), QStringLiteral("2 alice 010"),
-                                     QStringLiteral("3 bob 010"), QStringLiteral("4 viewer 001")}));
+                                     QStringLiteral("3 bob 010"), QStringLiteral("4 viewer 001"),
+                                     QStringLiteral("5 auditor 101")}));
         QCOMPARE(catalog->TechnologyComboEntries().mid(1),
                  (QStringList{QStringLiteral("GSM"), QStringLiteral("UMTS"), QStringLiteral("LTE"),
                               QStringLiteral("NR"), QStringLiteral("5GC")}));
         QCOMPARE(catalog->GetTechnologyTypes()->Item(QStringLiteral("5GC"))->Bit(), 16);
         QCOMPARE(catalog->FieldTypeCode(App, QStringLiteral("User-Defined Calculation")), QStringLiteral("UDC"));
-    }
 
-    void shouldReadBackRcvEnumerationsAndProperties()
-    {
-        const auto catalog = SqlCatalog::open(m_path);
-
+        // The RCV enumerations and the application's properties come back as written
         QCOMPARE(catalog->GetRcvRegistry()->CategoryName(QStringLiteral("SCENARIO")), QStringLiteral("Scenario Data"));
         const FieldPtr mapped = catalog->GetRcvRegistry()->FieldFor(QStringLiteral("SCENARIO"), QStringLiteral("SUBS"));
         QVERIFY(mapped);
@@ -325,45 +272,57 @@ private slots:
         list->setTitle(QStringLiteral("Priority"));
         QCOMPARE(catalog->GetPropertyFilter()->ValueNames(list, App), QStringLiteral("Low,Normal,High"));
         QCOMPARE(catalog->GetPropertyFilter()->ValueCodes(list, App), QStringLiteral("1,2,3"));
-        const auto store = catalog->GetProperties();
-        QCOMPARE(store->Item(QStringLiteral("Full Row Selection")).typeId(), int(QMetaType::Bool));
-        QCOMPARE(store->Item(QStringLiteral("Full Row Selection")).toBool(), true);
-        QCOMPARE(store->Item(QStringLiteral("Column Width")).toInt(), 120);
-        QCOMPARE(store->Item(QStringLiteral("Layout")).toString(), QStringLiteral("a,b;c"));
+        const auto properties = catalog->GetProperties();
+        QCOMPARE(properties->Item(QStringLiteral("Full Row Selection")).typeId(), int(QMetaType::Bool));
+        QCOMPARE(properties->Item(QStringLiteral("Full Row Selection")).toBool(), true);
+        QCOMPARE(properties->Item(QStringLiteral("Column Width")).toInt(), 120);
+        QCOMPARE(properties->Item(QStringLiteral("Layout")).toString(), QStringLiteral("a,b;c"));
     }
 
-    void shouldKeepOwnershipChangesAfterReopening()
+    void shouldKeepOwnershipChangesAfterReopeningAndRefuseAnUnknownOwner_data()
     {
+        addStoreRows();
+    }
+
+    void shouldKeepOwnershipChangesAfterReopeningAndRefuseAnUnknownOwner()
+    {
+        QFETCH(QString, store);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given the catalogue, When the administrator gives the counter and Bob's UDC to Alice
         {
-            const auto catalog = SqlCatalog::open(m_path);
+            const auto catalog = SqlCatalog::open(location);
             catalog->ChangeOwner(fieldsWithIds(*catalog, {CounterId, BobUdcId}), Alice.id);
             QCOMPARE(catalog->GetField(App, CounterId)->OwnerId(), Alice.id);
         }
         // Then the new owner is there after reopening, and nothing else changed
-        const auto reopened = SqlCatalog::open(m_path);
+        const auto reopened = SqlCatalog::open(location);
         QCOMPARE(reopened->GetField(App, CounterId)->OwnerId(), Alice.id);
         QCOMPARE(reopened->GetField(App, BobUdcId)->OwnerId(), Alice.id);
         QCOMPARE(reopened->GetField(App, ExpressionId)->OwnerId(), Admin.id);
+        // And an owner the catalogue does not know is refused without touching the store
+        QVERIFY_THROWS_EXCEPTION(CatalogError, reopened->ChangeOwner(fieldsWithIds(*reopened, {CounterId}), 99));
+        QCOMPARE(SqlCatalog::open(location)->GetField(App, CounterId)->OwnerId(), Alice.id);
     }
 
-    void shouldRefuseAnUnknownOwner()
+    void shouldKeepDeletionsAfterReopening_data()
     {
-        const auto catalog = SqlCatalog::open(m_path);
-        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(fieldsWithIds(*catalog, {CounterId}), 99));
-        QCOMPARE(SqlCatalog::open(m_path)->GetField(App, CounterId)->OwnerId(), Admin.id);
+        addStoreRows();
     }
 
     void shouldKeepDeletionsAfterReopening()
     {
+        QFETCH(QString, store);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given the catalogue, When the administrator deletes three fields but excepts one
         {
-            const auto catalog = SqlCatalog::open(m_path);
+            const auto catalog = SqlCatalog::open(location);
             catalog->DeleteFields(fieldsWithIds(*catalog, {CounterId, BobUdcId, ScenarioFieldId}),
                                   fieldsWithIds(*catalog, {BobUdcId}));
         }
-        // Then the two are gone from disk with their RCV mapping; the exception, the rest and the form stay
-        const auto reopened = SqlCatalog::open(m_path);
+        // Then the two are gone from the store with their RCV mapping; the exception, the rest and the form stay
+        const auto reopened = SqlCatalog::open(location);
         QVERIFY(!reopened->GetField(App, CounterId));
         QVERIFY(!reopened->GetField(App, ScenarioFieldId));
         QVERIFY(reopened->GetField(App, BobUdcId));
@@ -372,60 +331,85 @@ private slots:
         QCOMPARE(reopened->GetRcvRegistry()->CategoryName(QStringLiteral("SCENARIO")), QStringLiteral("Scenario Data"));
     }
 
-    void shouldGuardOtherUsersFields_data()
+    void shouldRefuseForeignDeletionInTheStoreItself_data()
     {
-        QTest::addColumn<UserSpec>("user");
-        QTest::addColumn<QList<qint32>>("ids");
-        QTest::addColumn<bool>("allowed");
-
-        QTest::newRow("own UDC") << Alice << QList<qint32>{AliceUdcId} << true;
-        QTest::newRow("another user's UDC") << Alice << QList<qint32>{BobUdcId} << false;
-        QTest::newRow("own and another's: all or nothing") << Alice << QList<qint32>{AliceUdcId, BobUdcId} << false;
-        QTest::newRow("administrator's counter") << Bob << QList<qint32>{CounterId} << false;
-        QTest::newRow("administrator deletes others'") << Admin << QList<qint32>{AliceUdcId, BobUdcId} << true;
-    }
-
-    void shouldGuardOtherUsersFields()
-    {
-        QFETCH(UserSpec, user);
-        QFETCH(QList<qint32>, ids);
-        QFETCH(bool, allowed);
-
-        // Given the catalogue opened by the user
-        logIn(user);
-        const auto catalog = SqlCatalog::open(m_path);
-
-        // When the user deletes the fields
-        bool refused = false;
-        try {
-            catalog->DeleteFields(fieldsWithIds(*catalog, ids), nullptr);
-        } catch (const CatalogError &e) {
-            refused = true;
-            QVERIFY(!e.message().isEmpty());
-        }
-
-        // Then either all are gone or none, in memory and on disk
-        QCOMPARE(refused, !allowed);
-        const auto reopened = SqlCatalog::open(m_path);
-        for (const qint32 id : ids) {
-            QCOMPARE(bool(catalog->GetField(App, id)), !allowed);
-            QCOMPARE(bool(reopened->GetField(App, id)), !allowed);
-        }
+        addStoreRows();
     }
 
     void shouldRefuseForeignDeletionInTheStoreItself()
     {
+        QFETCH(QString, store);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given the store's writer used directly, as another program on the same database would
         logIn(Alice);
         {
-            SqlCatalogWriter writer(std::make_shared<SqlConnection>(parseSqlLocation(m_path),
+            SqlCatalogWriter writer(std::make_shared<SqlConnection>(parseSqlLocation(location),
                                                                     SqlConnection::Mode::Existing));
-            // When Alice deletes her own UDC together with Bob's, Then the store refuses the whole call
+            // When Alice deletes or re-owns her own UDC together with Bob's, Then the store refuses the whole call
             QVERIFY_THROWS_EXCEPTION(CatalogError, writer.deleteFields({AliceUdcId, BobUdcId}));
+            QVERIFY_THROWS_EXCEPTION(CatalogError, writer.changeOwner({AliceUdcId, BobUdcId}, Alice.id));
         }
-        const auto reopened = SqlCatalog::open(m_path);
-        QVERIFY(reopened->GetField(App, AliceUdcId));
-        QVERIFY(reopened->GetField(App, BobUdcId));
+        const auto reopened = SqlCatalog::open(location);
+        QCOMPARE(reopened->GetField(App, AliceUdcId)->OwnerId(), Alice.id);
+        QCOMPARE(reopened->GetField(App, BobUdcId)->OwnerId(), Bob.id);
+    }
+
+    void shouldDiscardAnUncommittedBuild_data()
+    {
+        addStoreRows();
+    }
+
+    void shouldDiscardAnUncommittedBuild()
+    {
+        QFETCH(QString, store);
+        const QString location = freshCatalogue(store);
+        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
+        // Given a builder over the catalogue that wrote a user but was never committed
+        {
+            SqlCatalogBuilder b(location);
+            b.addUser(Alice);
+        }
+        // Then the old catalogue is there as it was, and no temporary file is left beside a file
+        QCOMPARE(SqlCatalog::open(location)->Users().size(), 5);
+        QCOMPARE(QDir(m_stores.folder()).entryList({QStringLiteral(".catalog.sqlite*")}, QDir::Files | QDir::Hidden),
+                 QStringList());
+        // And an empty one can be created in its place
+        SqlCatalog::create(location);
+        QVERIFY(SqlCatalog::open(location)->Users().isEmpty());
+    }
+
+    void shouldKeepTheOldFileWhenABuildCannotBePutInPlace_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("the target is a folder") << QStringLiteral("folder");
+        QTest::newRow("the folder does not exist") << QStringLiteral("no folder");
+    }
+
+    void shouldKeepTheOldFileWhenABuildCannotBePutInPlace()
+    {
+        QFETCH(QString, fault);
+        QString target = m_dir.filePath(QStringLiteral("taken"));
+        if (fault == QLatin1String("folder")) {
+            QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("taken/inside")));
+        } else {
+            target = m_dir.filePath(QStringLiteral("absent/catalog.sqlite"));
+        }
+
+        // When a catalogue is built there, Then the build fails with a clear error
+        try {
+            writeSmallCatalogue(target);
+            QFAIL("a catalogue was built where it cannot go");
+        } catch (const CatalogError &e) {
+            QVERIFY2(e.message().contains(target), qPrintable(e.message()));
+        }
+        // And what was there stays, with no temporary file left behind
+        if (fault == QLatin1String("folder"))
+            QVERIFY(QFileInfo(m_dir.filePath(QStringLiteral("taken/inside"))).isDir());
+        else
+            QVERIFY(!QFileInfo::exists(target));
+        QCOMPARE(QDir(m_dir.path()).entryList({QStringLiteral(".taken*")}, QDir::Files | QDir::Hidden), QStringList());
+        QVERIFY(SqlCatalog::open(m_path));
     }
 
     void shouldRejectWhatIsNoCatalogue_data()
@@ -446,6 +430,8 @@ private slots:
         QTest::newRow("late field in no category") << QStringLiteral("late orphan");
         QTest::newRow("late field with a missing text") << QStringLiteral("late textless");
         QTest::newRow("a directory") << QStringLiteral("directory");
+        QTest::newRow("user id beyond 32 bits") << QStringLiteral("wide user");
+        QTest::newRow("RCV field id beyond 32 bits") << QStringLiteral("wide mapping");
     }
 
     void shouldRejectWhatIsNoCatalogue()
@@ -493,6 +479,12 @@ private slots:
                                      .arg(column).arg(LargeFieldCount - 10)}));
         } else if (damage == QLatin1String("directory")) {
             path = m_dir.path();
+        } else if (damage == QLatin1String("wide mapping")) {
+            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
+                                 QStringLiteral("UPDATE rcv_fields SET field_id = 4294967326 WHERE field_id = 30")}));
+        } else if (damage == QLatin1String("wide user")) {
+            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
+                                 QStringLiteral("UPDATE users SET id = 4294967298 WHERE id = 2")}));
         }
 
         // When it is opened, Then a clear error comes and nothing crashes
@@ -573,19 +565,6 @@ private slots:
         QCOMPARE(SqlCatalog::open(path)->GetField(App, 1)->Name(), QStringLiteral("Found"));
     }
 
-    void shouldDiscardAnUncommittedBuild()
-    {
-        // Given a builder that wrote a user but was never committed
-        const QString path = m_dir.filePath(QStringLiteral("draft.sqlite"));
-        {
-            SqlCatalogBuilder b(path);
-            b.addUser(Admin);
-        }
-        // Then the file holds no catalogue; an empty one can be created in its place
-        QVERIFY_THROWS_EXCEPTION(CatalogError, SqlCatalog::open(path));
-        SqlCatalog::create(path);
-        QVERIFY(SqlCatalog::open(path)->Users().isEmpty());
-    }
 };
 
 QTEST_MAIN(TestSqlCatalog)
