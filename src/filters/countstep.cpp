@@ -1,4 +1,5 @@
 #include "filters/countstep.h"
+#include "filters/textboxes.h"
 
 #include <algorithm>
 
@@ -7,8 +8,9 @@ namespace PickerCtl::Filters {
 std::optional<int> steppedCount(const QString &text, int delta, int minimum, int maximum)
 {
     bool ok = false;
-    const qint64 current = text.trimmed().toLongLong(&ok);
-    if (!ok)
+    const QString count = trimSpaces(text);
+    const qint64 current = count.toLongLong(&ok);
+    if (!ok || hasOuterWhiteSpace(count))
         return minimum;
     const bool atEnd = (delta > 0 && current >= maximum) || (delta < 0 && current <= minimum);
     if (atEnd)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <QString>
 #include <optional>
 
@@ -11,6 +13,7 @@ namespace PickerCtl::Filters {
  * range; stepping further away from the range then leaves it alone rather than jumping back.
  * A box without a number restarts at minimum. nullopt: leave the box as it is.
  */
+PICKERCTL_AUTOTEST_EXPORT
 std::optional<int> steppedCount(const QString &text, int delta, int minimum, int maximum);
 
 } // namespace PickerCtl::Filters

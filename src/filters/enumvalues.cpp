@@ -17,4 +17,17 @@ QString joinSelection(const QStringList &codes)
     return codes.join(Separator);
 }
 
+QHash<QString, QString> firstKeyOfEachCode(const QStringList &keys,
+                                           const std::function<std::optional<QString>(const QString &)> &tagOf)
+{
+    QHash<QString, QString> result;
+    result.reserve(keys.size());
+    for (const QString &key : keys) {
+        const std::optional<QString> tag = tagOf(key);
+        if (tag && !result.contains(*tag))
+            result.insert(*tag, key);
+    }
+    return result;
+}
+
 } // namespace PickerCtl::Filters

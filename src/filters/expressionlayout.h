@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <optional>
 
 namespace PickerCtl::Filters {
@@ -18,6 +20,7 @@ struct ExpressionColumn
 };
 
 /// The expression column of a control of innerWidth whose caption is captionWidth wide, in twips.
+PICKERCTL_AUTOTEST_EXPORT
 ExpressionColumn expressionColumn(double captionWidth, double innerWidth);
 
 } // namespace PickerCtl::Filters

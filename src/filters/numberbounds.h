@@ -21,7 +21,18 @@ struct BoundEntry
 
 enum class BoundsVerdict { Valid, BadMinimum, BadMaximum, Reversed };
 
-inline constexpr auto ReversedBoundsMessage = "Minimum value should be less than the maximum value";
+/**
+ * AppServices::IsValidLong and IsValidDouble behind a guard: the check belongs to the host, and a
+ * check that throws (whatever it throws) refuses the number with errorText saying the number could
+ * not be checked, and is logged, so that nothing escapes into the control's caller.
+ */
+bool isValidLong(AppServices &services, const QVariant &text, qint32 &parsed, const QVariant &rangeMin,
+                 const QVariant &rangeMax, QString &errorText);
+bool isValidDouble(AppServices &services, const QVariant &text, double &parsed, const QVariant &rangeMin,
+                   const QVariant &rangeMax, QString &errorText);
+
+inline constexpr auto ReversedBoundsMessage =
+    QT_TRANSLATE_NOOP("PickerCtl::XNumberFilter", "Minimum value should be less than the maximum value");
 
 /**
  * Checks the bounds the user typed: each bound that is on must be a number of the type within the

@@ -9,14 +9,48 @@ QDateTime defaultPeriodStart(const QDateTime &now)
     return now.addMonths(-DefaultPeriodMonths);
 }
 
-QDateTime joinDateTime(const QDate &date, const QTime &time)
+PeriodZone zoneOf(const QDateTime &time)
 {
-    return QDateTime(date, time);
+    PeriodZone zone;
+    zone.spec = time.timeSpec();
+    if (zone.spec == Qt::OffsetFromUTC)
+        zone.offsetSeconds = time.offsetFromUtc();
+    else if (zone.spec == Qt::TimeZone)
+        zone.zone = time.timeZone();
+    return zone;
+}
+
+QDateTime joinDateTime(const QDate &date, const QTime &time, const PeriodZone &zone)
+{
+    switch (zone.spec) {
+    case Qt::UTC:
+        return QDateTime(date, time, Qt::UTC);
+    case Qt::OffsetFromUTC:
+        return QDateTime(date, time, Qt::OffsetFromUTC, zone.offsetSeconds);
+    case Qt::TimeZone:
+        return QDateTime(date, time, zone.zone);
+    case Qt::LocalTime:
+        break;
+    }
+    return QDateTime(date, time, Qt::LocalTime);
 }
 
 bool isUnsetTime(const QDateTime &time)
 {
-    return !time.isValid();
+    // A time in a daylight-saving gap is invalid but keeps its day: it is set, and wrong.
+    return !time.date().isValid();
+}
+
+bool isPickableDate(const QDate &date)
+{
+    return date >= FirstPickerDate && date <= LastPickerDate;
+}
+
+QString describeMoment(const QDate &date, const QTime &time)
+{
+    const QLocale c = QLocale::c();
+    return c.toString(date, QStringLiteral("yyyy-MM-dd")) + QLatin1Char(' ')
+           + c.toString(time, QStringLiteral("HH:mm:ss"));
 }
 
 QString pickerDateFormat(const QLocale &locale)

@@ -9,12 +9,12 @@
 
 #include <QVBoxLayout>
 
+#include <exception>
+
 namespace PickerCtl {
 
 namespace {
 
-const QString MessageStart = QStringLiteral("Please select at least one ");
-const QString MessageEnd = QStringLiteral(" value.");
 const QString TreeFontFamily = QStringLiteral("Courier");
 constexpr int RootIndex = 1;
 
@@ -29,7 +29,7 @@ struct XEnumFilter::Private
 
     Filters::EditState state;
     QString appName;
-    QString errorTitle = QStringLiteral("Filter");
+    QString errorTitle = XEnumFilter::tr("Filter");
     std::shared_ptr<ListViewProperties> listProps = std::make_shared<ListViewProperties>();
     PropertyFilterPtr propFilter;
     XTreeOpt *tvwOpt = nullptr;
@@ -46,6 +46,22 @@ struct XEnumFilter::Private
 
     void buildTree();
     void loadChecks(const EnumFilterValue *value);
+
+    /// Runs work that asks the host's property filter; whatever it throws is logged and reported
+    /// as false, so that it never reaches the caller.
+    template<typename Work>
+    bool guarded(const char *what, Work work)
+    {
+        try {
+            work();
+            return true;
+        } catch (const std::exception &error) {
+            qWarning("XEnumFilter: %s failed: %s", what, error.what());
+        } catch (...) {
+            qWarning("XEnumFilter: %s failed: the property filter threw an unknown exception", what);
+        }
+        return false;
+    }
 };
 
 void XEnumFilter::Private::buildTree()
@@ -71,15 +87,14 @@ void XEnumFilter::Private::loadChecks(const EnumFilterValue *value)
         tvwOpt->setCheckValue(title(), XTreeOpt::Checked);
         return;
     }
-    const QStringList keys = valueKeys();
     const QStringList selection = value->Selection().isEmpty() ? valueCodes() : Filters::splitList(value->Selection());
+    const QHash<QString, QString> keyOfCode = Filters::firstKeyOfEachCode(valueKeys(), [this](const QString &key) {
+        return tvwOpt->Find(key) != 0 ? std::optional<QString>(tvwOpt->Tag(key)) : std::nullopt;
+    });
     for (const QString &code : selection) {
-        for (const QString &key : keys) {
-            if (tvwOpt->Find(key) != 0 && tvwOpt->Tag(key) == code) {
-                tvwOpt->setCheckValue(key, XTreeOpt::Checked);
-                break;
-            }
-        }
+        const auto found = keyOfCode.constFind(code);
+        if (found != keyOfCode.constEnd())
+            tvwOpt->setCheckValue(*found, XTreeOpt::Checked);
     }
 }
 
@@ -89,6 +104,8 @@ XEnumFilter::XEnumFilter(QWidget *parent)
 {
     d->tvwOpt = new XTreeOpt(this);
     d->tvwOpt->setObjectName(QStringLiteral("tvwOpt"));
+    d->tvwOpt->setAccessibleName(tr("Values"));
+    d->tvwOpt->setAccessibleDescription(tr("The values of the field; checked values pass the filter"));
     QFont treeFont = d->tvwOpt->font();
     treeFont.setFamily(TreeFontFamily);
     treeFont.setStyleHint(QFont::TypeWriter);
@@ -113,8 +130,8 @@ bool XEnumFilter::IsValid()
     const QString title = d->title();
     if (d->tvwOpt->CheckValue(title) > XTreeOpt::Unchecked)
         return true;
-    MessageService::instance()->ShowMessage(MessageStart + title.toLower() + MessageEnd, MessageService::Critical,
-                                            d->errorTitle, 0, 0);
+    MessageService::instance()->ShowMessage(tr("Please select at least one %1 value.").arg(title.toLower()),
+                                            MessageService::Critical, d->errorTitle, 0, 0);
     d->tvwOpt->setFocus(Qt::OtherFocusReason);
     return false;
 }
@@ -128,8 +145,12 @@ void XEnumFilter::SetFilter(const EnumFilterValuePtr &fltrEnum, const QString &s
     d->errorTitle = sErrorMessageTitle;
     d->listProps = lvpA;
     d->propFilter = propFilterA;
-    d->buildTree();
-    d->loadChecks(fltrEnum.get());
+    const bool loaded = d->guarded("loading the values", [&] {
+        d->buildTree();
+        d->loadChecks(fltrEnum.get());
+    });
+    if (!loaded)
+        d->tvwOpt->Clear();
     d->state.setModified(false);
 }
 
@@ -141,10 +162,14 @@ EnumFilterValuePtr XEnumFilter::GetFilter()
     if (d->tvwOpt->CheckValue(d->title()) == XTreeOpt::Checked)
         return value;
     QStringList codes;
-    for (const QString &key : d->valueKeys()) {
-        if (d->tvwOpt->Find(key) != 0 && d->tvwOpt->CheckValue(key) == XTreeOpt::Checked)
-            codes << d->tvwOpt->Tag(key);
-    }
+    const bool read = d->guarded("reading the checked values", [&] {
+        for (const QString &key : d->valueKeys()) {
+            if (d->tvwOpt->Find(key) != 0 && d->tvwOpt->CheckValue(key) == XTreeOpt::Checked)
+                codes << d->tvwOpt->Tag(key);
+        }
+    });
+    if (!read)
+        return nullptr;
     value->setSelection(Filters::joinSelection(codes));
     return value;
 }

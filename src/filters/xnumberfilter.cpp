@@ -3,6 +3,7 @@
 #include "filters/editstate.h"
 #include "filters/keyboardselectall.h"
 #include "filters/numberbounds.h"
+#include "filters/textboxes.h"
 #include "filters/widgetnames.h"
 
 #include <PickerCtl/AppServices.h>
@@ -17,11 +18,6 @@ namespace PickerCtl {
 namespace {
 
 using Filters::named;
-
-const QString ValueIsCaption = QStringLiteral("Value is:");
-const QString AndCaption = QStringLiteral("and");
-const QString AtLeastEntry = QStringLiteral("at least");
-const QString AtMostEntry = QStringLiteral("at most");
 
 // Index 0 of each list is the empty entry that switches its bound off.
 constexpr int BoundOffIndex = 0;
@@ -69,12 +65,18 @@ struct XNumberFilter::Private
 
 void XNumberFilter::Private::build(XNumberFilter *q)
 {
-    Label2 = named(new QLabel(ValueIsCaption, q), "Label2");
-    cboMin = boundList(q, "cboMin", AtLeastEntry);
+    Label2 = named(new QLabel(XNumberFilter::tr("Value is:"), q), "Label2");
+    cboMin = boundList(q, "cboMin", XNumberFilter::tr("at least"));
     txtMinValue = named(new QLineEdit(q), "txtMinValue");
-    Label1 = named(new QLabel(AndCaption, q), "Label1");
-    cboMax = boundList(q, "cboMax", AtMostEntry);
+    Label1 = named(new QLabel(XNumberFilter::tr("and"), q), "Label1");
+    cboMax = boundList(q, "cboMax", XNumberFilter::tr("at most"));
     txtMaxValue = named(new QLineEdit(q), "txtMaxValue");
+    cboMin->setAccessibleDescription(XNumberFilter::tr("Whether the filter has a lower bound"));
+    txtMinValue->setAccessibleName(XNumberFilter::tr("Lower bound"));
+    txtMinValue->setAccessibleDescription(XNumberFilter::tr("The least value that passes the filter"));
+    cboMax->setAccessibleDescription(XNumberFilter::tr("Whether the filter has an upper bound"));
+    txtMaxValue->setAccessibleName(XNumberFilter::tr("Upper bound"));
+    txtMaxValue->setAccessibleDescription(XNumberFilter::tr("The greatest value that passes the filter"));
     Label2->setBuddy(cboMin);
     Label1->setBuddy(cboMax);
     Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -96,6 +98,8 @@ void XNumberFilter::Private::build(XNumberFilter *q)
 
     selectAll->watch(txtMinValue);
     selectAll->watch(txtMaxValue);
+    Filters::removeLengthLimit(txtMinValue);
+    Filters::removeLengthLimit(txtMaxValue);
 
     const auto modify = [this] { state.setModified(true); };
     QObject::connect(cboMin, &QComboBox::currentIndexChanged, q, modify);

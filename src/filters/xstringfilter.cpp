@@ -3,6 +3,7 @@
 #include "filters/editstate.h"
 #include "filters/expressionlayout.h"
 #include "filters/keyboardselectall.h"
+#include "filters/textboxes.h"
 #include "filters/widgetnames.h"
 
 #include <PickerCtl/HostSite.h>
@@ -23,14 +24,10 @@ using Filters::named;
 const QString LabelKey = QStringLiteral("Label");
 const QString ExtraControlsKey = QStringLiteral("ExtraControls");
 // The caption a new control gets has no colon; the one it is built with does. Both are intended.
-const QString DefaultLabel = QStringLiteral("&Matches Expression");
-const QString BuiltLabel = QStringLiteral("&Matches Expression:");
+// The default is compared in the current language, so a label left at it follows the language.
+constexpr auto DefaultLabel = QT_TRANSLATE_NOOP("PickerCtl::XStringFilter", "&Matches Expression");
 constexpr bool DefaultExtraControls = true;
 
-const QString MatchCaseCaption = QStringLiteral("Match &Case");
-const QString MatchWholeNameCaption = QStringLiteral("Match Wh&ole Expression");
-const QString PatternMatchingCaption = QStringLiteral("Use &Pattern Matching");
-const QString ExpressionToolTip = QStringLiteral("string regular expression");
 
 bool isChecked(const QCheckBox *box)
 {
@@ -74,11 +71,16 @@ struct XStringFilter::Private
 
 void XStringFilter::Private::build(XStringFilter *q)
 {
-    lblString = named(new QLabel(BuiltLabel, q), "lblString");
+    lblString = named(new QLabel(XStringFilter::tr("&Matches Expression:"), q), "lblString");
     txtExpression = named(new QLineEdit(q), "txtExpression");
-    chkMatchCase = named(new QCheckBox(MatchCaseCaption, q), "chkMatchCase");
-    chkMatchWholeName = named(new QCheckBox(MatchWholeNameCaption, q), "chkMatchWholeName");
-    chkUsePatternMatching = named(new QCheckBox(PatternMatchingCaption, q), "chkUsePatternMatching");
+    Filters::removeLengthLimit(txtExpression);
+    chkMatchCase = named(new QCheckBox(XStringFilter::tr("Match &Case"), q), "chkMatchCase");
+    chkMatchWholeName = named(new QCheckBox(XStringFilter::tr("Match Wh&ole Expression"), q), "chkMatchWholeName");
+    chkUsePatternMatching = named(new QCheckBox(XStringFilter::tr("Use &Pattern Matching"), q), "chkUsePatternMatching");
+    txtExpression->setAccessibleDescription(XStringFilter::tr("The text that a value must match"));
+    chkMatchCase->setAccessibleDescription(XStringFilter::tr("Upper and lower case must match"));
+    chkMatchWholeName->setAccessibleDescription(XStringFilter::tr("The expression must match the whole value"));
+    chkUsePatternMatching->setAccessibleDescription(XStringFilter::tr("The expression is a pattern, not a plain text"));
     lblString->setBuddy(txtExpression);
 
     QWidget::setTabOrder(txtExpression, chkMatchCase);
@@ -104,7 +106,7 @@ void XStringFilter::Private::load(const StringFilterValue *value)
     if (!value)
         return;
     txtExpression->setText(value->Expression());
-    txtExpression->setToolTip(ExpressionToolTip);
+    txtExpression->setToolTip(XStringFilter::tr("string regular expression"));
     chkUsePatternMatching->setChecked(value->UsePatternMatching());
     chkMatchWholeName->setChecked(value->MatchWholeName());
     chkMatchCase->setChecked(value->MatchCase());
@@ -169,7 +171,7 @@ bool XStringFilter::IsValid(QString &sErrorText)
 StringFilterValuePtr XStringFilter::GetFilter() const
 {
     auto value = std::make_shared<StringFilterValue>();
-    value->setExpression(d->txtExpression->text().trimmed());
+    value->setExpression(Filters::trimSpaces(d->txtExpression->text()));
     value->setUsePatternMatching(isChecked(d->chkUsePatternMatching));
     value->setMatchWholeName(isChecked(d->chkMatchWholeName));
     value->setMatchCase(isChecked(d->chkMatchCase));
@@ -218,21 +220,22 @@ void XStringFilter::setExtraControls(bool show)
 
 void XStringFilter::InitProperties()
 {
-    d->applyLabel(DefaultLabel);
+    d->applyLabel(tr(DefaultLabel));
     d->applyExtraControls(DefaultExtraControls);
     d->layout(this);
 }
 
 void XStringFilter::ReadProperties(PropertyBag &bag)
 {
-    d->applyLabel(readAs<QString>(bag, LabelKey, DefaultLabel).value_or(DefaultLabel));
+    const QString defaultLabel = tr(DefaultLabel);
+    d->applyLabel(readAs<QString>(bag, LabelKey, defaultLabel).value_or(defaultLabel));
     d->applyExtraControls(readAs<bool>(bag, ExtraControlsKey, DefaultExtraControls).value_or(DefaultExtraControls));
     d->layout(this);
 }
 
 void XStringFilter::WriteProperties(PropertyBag &bag) const
 {
-    bag.WriteProperty(LabelKey, Label(), DefaultLabel);
+    bag.WriteProperty(LabelKey, Label(), tr(DefaultLabel));
     bag.WriteProperty(ExtraControlsKey, d->extraControls, DefaultExtraControls);
 }
 

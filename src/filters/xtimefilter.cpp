@@ -3,6 +3,8 @@
 #include "filters/countupdown.h"
 #include "filters/editstate.h"
 #include "filters/keyboardselectall.h"
+#include "filters/numberbounds.h"
+#include "filters/textboxes.h"
 #include "filters/timeperiod.h"
 #include "filters/widgetnames.h"
 
@@ -19,6 +21,7 @@
 #include <QTimeEdit>
 #include <QVBoxLayout>
 #include <array>
+#include <optional>
 
 namespace PickerCtl {
 
@@ -26,16 +29,28 @@ namespace {
 
 using Filters::named;
 
-const QString AllItemsCaption = QStringLiteral("&All items");
-const QString FilterByDateCaption = QStringLiteral("&Find all items with values:");
-const QString BetweenCaption = QStringLiteral("&between");
-const QString AndCaption = QStringLiteral("and");
 const QString InitialCount = QStringLiteral("1");
-constexpr auto ReversedPeriodMessage = "End date time must be greater than start date time.";
+constexpr auto ReversedPeriodMessage =
+    QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "End date time must be greater than start date time.");
+constexpr auto StartNotPickableMessage = QT_TRANSLATE_NOOP(
+    "PickerCtl::XTimeFilter", "The start date %1 is outside the dates that can be entered (%2 to %3).");
+constexpr auto EndNotPickableMessage = QT_TRANSLATE_NOOP(
+    "PickerCtl::XTimeFilter", "The end date %1 is outside the dates that can be entered (%2 to %3).");
+constexpr auto StartInGapMessage = QT_TRANSLATE_NOOP(
+    "PickerCtl::XTimeFilter", "The start time %1 does not exist: the clocks skip it when daylight saving time begins.");
+constexpr auto EndInGapMessage = QT_TRANSLATE_NOOP(
+    "PickerCtl::XTimeFilter", "The end time %1 does not exist: the clocks skip it when daylight saving time begins.");
+const QString MessageDateFormat = QStringLiteral("yyyy-MM-dd");
 
 // The up-downs run from 1 to 999; the count boxes accept any whole number from 1 up.
 constexpr int CountMinimum = 1;
 constexpr int CountMaximum = 999;
+
+// The number check receives the minimum count as the 16-bit value it is.
+QVariant countMinimum()
+{
+    return QVariant::fromValue(qint16(CountMinimum));
+}
 
 struct RelativeRowDesign
 {
@@ -50,15 +65,27 @@ struct RelativeRowDesign
 
 // The four captions differ only in their access key, so each row can be reached from the keyboard.
 constexpr std::array<RelativeRowDesign, 4> RelativeRowDesigns{{
-    {TimeFilterValue::Minutes, "optMinutes", "du&ring the previous", "txtMinutes", "updMinutes", "Label1", "minute(s)"},
-    {TimeFilterValue::Hours, "optHours", "d&uring the previous", "txtHours", "updHours", "lblHours", "hour(s)"},
-    {TimeFilterValue::Days, "optDays", "&during the previous", "txtDays", "updDays", "lblDays", "day(s)"},
-    {TimeFilterValue::Months, "optMonths", "during the previou&s", "txtMonths", "updMonths", "lblMonths", "month(s)"},
+    {TimeFilterValue::Minutes, "optMinutes", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "du&ring the previous"), "txtMinutes", "updMinutes",
+     "Label1", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "minute(s)")},
+    {TimeFilterValue::Hours, "optHours", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "d&uring the previous"), "txtHours", "updHours",
+     "lblHours", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "hour(s)")},
+    {TimeFilterValue::Days, "optDays", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "&during the previous"), "txtDays", "updDays",
+     "lblDays", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "day(s)")},
+    {TimeFilterValue::Months, "optMonths", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "during the previou&s"), "txtMonths", "updMonths",
+     "lblMonths", QT_TRANSLATE_NOOP("PickerCtl::XTimeFilter", "month(s)")},
 }};
 
 // A relative period is read from the first selected unit in this order.
 constexpr std::array<TimeFilterValue::Unit, 4> UnitPrecedence{
     TimeFilterValue::Months, TimeFilterValue::Days, TimeFilterValue::Hours, TimeFilterValue::Minutes};
+
+// One end of the absolute period: the zone it was given in, and the moment itself while the
+// pickers cannot show its day (kept exactly until the user picks another).
+struct PeriodEnd
+{
+    Filters::PeriodZone zone;
+    std::optional<QDateTime> held;
+};
 
 struct RelativeRow
 {
@@ -95,6 +122,8 @@ struct XTimeFilter::Private
     QTimeEdit *dtMaxTime = nullptr;
     QButtonGroup *topGroup = nullptr;
     QButtonGroup *bottomGroup = nullptr;
+    PeriodEnd start;
+    PeriodEnd end;
 
     void build(XTimeFilter *q);
     void buildTop(XTimeFilter *q);
@@ -107,10 +136,14 @@ struct XTimeFilter::Private
     void select(QRadioButton *option) { option->setChecked(true); }
     void deselectBottom();
     void updateEnabled(bool enabling);
-    void setPeriodStart(const QDateTime &time);
-    void setPeriodEnd(const QDateTime &time);
-    QDateTime periodStart() const { return Filters::joinDateTime(dtMinDate->date(), dtMinTime->time()); }
-    QDateTime periodEnd() const { return Filters::joinDateTime(dtMaxDate->date(), dtMaxTime->time()); }
+    void setPeriodStart(const QDateTime &time) { showMoment(start, dtMinDate, dtMinTime, time); }
+    void setPeriodEnd(const QDateTime &time) { showMoment(end, dtMaxDate, dtMaxTime, time); }
+    static void showMoment(PeriodEnd &which, QDateEdit *date, QTimeEdit *time, const QDateTime &value);
+    static QDateTime moment(const PeriodEnd &which, const QDateEdit *date, const QTimeEdit *time);
+    QDateTime periodStart() const { return moment(start, dtMinDate, dtMinTime); }
+    QDateTime periodEnd() const { return moment(end, dtMaxDate, dtMaxTime); }
+    bool checkPeriodEnd(const PeriodEnd &which, QDateEdit *date, QTimeEdit *time, bool isStart,
+                        QString &errorText) const;
 
     void reset();
     void load(const TimeFilterValue *value);
@@ -166,8 +199,10 @@ void XTimeFilter::Private::build(XTimeFilter *q)
 void XTimeFilter::Private::buildTop(XTimeFilter *q)
 {
     fraTop = named(new QFrame(q), "fraTop");
-    optAllItems = named(new QRadioButton(AllItemsCaption, fraTop), "optAllItems");
-    optFilterByDate = named(new QRadioButton(FilterByDateCaption, fraTop), "optFilterByDate");
+    optAllItems = named(new QRadioButton(XTimeFilter::tr("&All items"), fraTop), "optAllItems");
+    optFilterByDate = named(new QRadioButton(XTimeFilter::tr("&Find all items with values:"), fraTop), "optFilterByDate");
+    optAllItems->setAccessibleDescription(XTimeFilter::tr("No time filter"));
+    optFilterByDate->setAccessibleDescription(XTimeFilter::tr("Filter by a recent period or by start and end"));
     topGroup = new QButtonGroup(fraTop);
     topGroup->addButton(optAllItems);
     topGroup->addButton(optFilterByDate);
@@ -193,10 +228,15 @@ void XTimeFilter::Private::buildBottom(XTimeFilter *q)
         const RelativeRowDesign &design = RelativeRowDesigns[i];
         RelativeRow &r = rows[i];
         r.unit = design.unit;
-        r.opt = named(new QRadioButton(QString::fromLatin1(design.caption), fraBottom), design.option);
+        r.opt = named(new QRadioButton(XTimeFilter::tr(design.caption), fraBottom), design.option);
         r.txt = named(new QLineEdit(InitialCount, fraBottom), design.box);
+        Filters::removeLengthLimit(r.txt);
         r.upd = named(new Filters::CountUpDown(fraBottom), design.upDown);
-        r.lbl = named(new QLabel(QString::fromLatin1(design.unitText), fraBottom), design.label);
+        r.lbl = named(new QLabel(XTimeFilter::tr(design.unitText), fraBottom), design.label);
+        // The four options share one caption; their names tell them apart.
+        r.opt->setAccessibleName(XTimeFilter::tr("During the previous %1").arg(r.lbl->text()));
+        r.opt->setAccessibleDescription(XTimeFilter::tr("Items of a recent period counted in %1").arg(r.lbl->text()));
+        r.txt->setAccessibleDescription(XTimeFilter::tr("How many %1 back the period starts").arg(r.lbl->text()));
         r.txt->setMaximumWidth(r.txt->fontMetrics().horizontalAdvance(QStringLiteral("000000")) +
                                r.txt->textMargins().left() + r.txt->textMargins().right() + 12);
         r.upd->setBuddy(r.txt);
@@ -215,13 +255,15 @@ void XTimeFilter::Private::buildBottom(XTimeFilter *q)
         grid->addWidget(r.lbl, line, 2);
     }
 
-    optDates = named(new QRadioButton(BetweenCaption, fraBottom), "optDates");
+    optDates = named(new QRadioButton(XTimeFilter::tr("&between"), fraBottom), "optDates");
+    optDates->setAccessibleDescription(XTimeFilter::tr("Items between a start and an end date and time"));
     bottomGroup->addButton(optDates);
     const QLocale locale;
     const auto datePicker = [&](const char *name) {
         auto *picker = named(new QDateEdit(fraBottom), name);
         picker->setCalendarPopup(true);
         picker->setDisplayFormat(Filters::pickerDateFormat(locale));
+        picker->setDateRange(Filters::FirstPickerDate, Filters::LastPickerDate);
         // The popup arrow is wider than the spin arrows the size hint allows for.
         picker->setMinimumWidth(picker->sizeHint().width() + picker->fontMetrics().horizontalAdvance(QStringLiteral("00")));
         return picker;
@@ -233,10 +275,18 @@ void XTimeFilter::Private::buildBottom(XTimeFilter *q)
     };
     dtMinDate = datePicker("dtMinDate");
     dtMinTime = timePicker("dtMinTime");
-    lblAnd = named(new QLabel(AndCaption, fraBottom), "lblAnd");
+    lblAnd = named(new QLabel(XTimeFilter::tr("and"), fraBottom), "lblAnd");
     dtMaxDate = datePicker("dtMaxDate");
     dtMaxTime = timePicker("dtMaxTime");
     lblAnd->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    dtMinDate->setAccessibleName(XTimeFilter::tr("Start date"));
+    dtMinDate->setAccessibleDescription(XTimeFilter::tr("The first day of the period"));
+    dtMinTime->setAccessibleName(XTimeFilter::tr("Start time"));
+    dtMinTime->setAccessibleDescription(XTimeFilter::tr("The time of day the period starts"));
+    dtMaxDate->setAccessibleName(XTimeFilter::tr("End date"));
+    dtMaxDate->setAccessibleDescription(XTimeFilter::tr("The last day of the period"));
+    dtMaxTime->setAccessibleName(XTimeFilter::tr("End time"));
+    dtMaxTime->setAccessibleDescription(XTimeFilter::tr("The time of day the period ends"));
     lblAnd->setBuddy(dtMaxDate);
 
     const auto pickerPair = [](QWidget *date, QWidget *time) {
@@ -276,6 +326,12 @@ void XTimeFilter::Private::connectEvents(XTimeFilter *q)
     QObject::connect(dtMaxDate, &QDateEdit::dateChanged, q, modify);
     QObject::connect(dtMinTime, &QTimeEdit::timeChanged, q, modify);
     QObject::connect(dtMaxTime, &QTimeEdit::timeChanged, q, modify);
+    // A moment the pickers could not show gives way once its pickers show another.
+    const auto dropHeld = [](PeriodEnd &which) { return [&which] { which.held.reset(); }; };
+    QObject::connect(dtMinDate, &QDateEdit::dateChanged, q, dropHeld(start));
+    QObject::connect(dtMinTime, &QTimeEdit::timeChanged, q, dropHeld(start));
+    QObject::connect(dtMaxDate, &QDateEdit::dateChanged, q, dropHeld(end));
+    QObject::connect(dtMaxTime, &QTimeEdit::timeChanged, q, dropHeld(end));
 }
 
 void XTimeFilter::Private::onAllItems()
@@ -328,16 +384,42 @@ void XTimeFilter::Private::updateEnabled(bool enabling)
     }
 }
 
-void XTimeFilter::Private::setPeriodStart(const QDateTime &time)
+void XTimeFilter::Private::showMoment(PeriodEnd &which, QDateEdit *date, QTimeEdit *time,
+                                      const QDateTime &value)
 {
-    dtMinDate->setDate(time.date());
-    dtMinTime->setTime(time.time());
+    // The pickers show the day and time of day in the moment's own zone, which the join restores.
+    date->setDate(value.date());
+    time->setTime(value.time());
+    which.zone = Filters::zoneOf(value);
+    which.held.reset();
+    if (!Filters::isPickableDate(value.date()))
+        which.held = value;
 }
 
-void XTimeFilter::Private::setPeriodEnd(const QDateTime &time)
+QDateTime XTimeFilter::Private::moment(const PeriodEnd &which, const QDateEdit *date, const QTimeEdit *time)
 {
-    dtMaxDate->setDate(time.date());
-    dtMaxTime->setTime(time.time());
+    return which.held ? *which.held : Filters::joinDateTime(date->date(), time->time(), which.zone);
+}
+
+bool XTimeFilter::Private::checkPeriodEnd(const PeriodEnd &which, QDateEdit *date, QTimeEdit *time,
+                                          bool isStart, QString &errorText) const
+{
+    if (which.held) {
+        const QLocale c = QLocale::c();
+        errorText = XTimeFilter::tr(isStart ? StartNotPickableMessage : EndNotPickableMessage)
+                        .arg(Filters::describeMoment(which.held->date(), which.held->time()),
+                             c.toString(Filters::FirstPickerDate, MessageDateFormat),
+                             c.toString(Filters::LastPickerDate, MessageDateFormat));
+        date->setFocus(Qt::OtherFocusReason);
+        return false;
+    }
+    if (!Filters::joinDateTime(date->date(), time->time(), which.zone).isValid()) {
+        errorText = XTimeFilter::tr(isStart ? StartInGapMessage : EndInGapMessage)
+                        .arg(Filters::describeMoment(date->date(), time->time()));
+        time->setFocus(Qt::OtherFocusReason);
+        return false;
+    }
+    return true;
 }
 
 void XTimeFilter::Private::reset()
@@ -413,13 +495,17 @@ bool XTimeFilter::IsValid(QString &sErrorText)
         return true;
     if (const RelativeRow *r = d->selectedRelativeRow()) {
         qint32 count = 0;
-        if (AppServices::instance()->IsValidLong(r->txt->text(), count, CountMinimum, QVariant(), sErrorText))
+        if (Filters::isValidLong(*AppServices::instance(), r->txt->text(), count, countMinimum(), QVariant(),
+                                 sErrorText))
             return true;
         r->txt->setFocus(Qt::OtherFocusReason);
         return false;
     }
+    if (!d->checkPeriodEnd(d->start, d->dtMinDate, d->dtMinTime, true, sErrorText)
+        || !d->checkPeriodEnd(d->end, d->dtMaxDate, d->dtMaxTime, false, sErrorText))
+        return false;
     if (d->periodStart() > d->periodEnd()) {
-        sErrorText = QString::fromLatin1(ReversedPeriodMessage);
+        sErrorText = tr(ReversedPeriodMessage);
         d->dtMinDate->setFocus(Qt::OtherFocusReason);
         return false;
     }
@@ -442,7 +528,8 @@ TimeFilterValuePtr XTimeFilter::GetTimeFilter() const
     if (const RelativeRow *r = d->selectedRelativeRow()) {
         value->setRelativeUnit(r->unit);
         QString unusedMessage;
-        if (!AppServices::instance()->IsValidLong(r->txt->text(), count, CountMinimum, QVariant(), unusedMessage))
+        if (!Filters::isValidLong(*AppServices::instance(), r->txt->text(), count, countMinimum(), QVariant(),
+                                  unusedMessage))
             count = 0;
     }
     value->setRelativeCount(count);

@@ -14,14 +14,6 @@ constexpr qsizetype HeaderSize = sizeof(Magic) + sizeof(quint16) + sizeof(quint3
 // The smallest field record: its id and an empty key's length.
 constexpr qsizetype MinRecordSize = sizeof(qint32) + sizeof(quint32);
 
-template<class T>
-void append(QByteArray &bytes, T value)
-{
-    char buffer[sizeof(T)];
-    qToLittleEndian(value, buffer);
-    bytes.append(buffer, sizeof(T));
-}
-
 class Reader
 {
 public:
@@ -83,18 +75,27 @@ bool isWellFormedUtf16(const QString &text)
 
 } // namespace
 
+// Sized once and written in place: the payload of a large copy is megabytes.
 QByteArray encodeFieldPayload(const QList<FieldRef> &fields)
 {
-    QByteArray bytes;
-    bytes.reserve(HeaderSize + fields.size() * MinRecordSize);
-    bytes.append(Magic, sizeof(Magic));
-    append<quint16>(bytes, Version);
-    append<quint32>(bytes, quint32(fields.size()));
+    qsizetype size = HeaderSize;
+    for (const FieldRef &field : fields)
+        size += MinRecordSize + field.key.size() * qsizetype(sizeof(quint16));
+    QByteArray bytes(size, Qt::Uninitialized);
+    char *out = bytes.data();
+    auto put = [&out](auto value) {
+        qToLittleEndian(value, out);
+        out += sizeof(value);
+    };
+    std::memcpy(out, Magic, sizeof(Magic));
+    out += sizeof(Magic);
+    put(quint16(Version));
+    put(quint32(fields.size()));
     for (const FieldRef &field : fields) {
-        append<qint32>(bytes, field.id);
-        append<quint32>(bytes, quint32(field.key.size()));
-        for (const QChar c : field.key)
-            append<quint16>(bytes, c.unicode());
+        put(qint32(field.id));
+        put(quint32(field.key.size()));
+        qToLittleEndian<quint16>(field.key.utf16(), field.key.size(), out);
+        out += field.key.size() * qsizetype(sizeof(quint16));
     }
     return bytes;
 }
@@ -128,9 +129,11 @@ std::optional<QList<FieldRef>> decodeFieldPayload(const QByteArray &bytes)
 QString csvCell(const QString &text)
 {
     static const QString Quote = QStringLiteral("\"");
-    const bool needsQuotes = text.contains(QLatin1Char(',')) || text.contains(Quote)
-                             || text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'))
-                             || (!text.isEmpty() && (text.front().isSpace() || text.back().isSpace()));
+    bool needsQuotes = !text.isEmpty() && (text.front().isSpace() || text.back().isSpace());
+    for (qsizetype i = 0; i < text.size() && !needsQuotes; ++i) {
+        const char16_t c = text.at(i).unicode();
+        needsQuotes = c == u',' || c == u'"' || c == u'\n' || c == u'\r';
+    }
     if (!needsQuotes)
         return text;
     QString quoted = text;

@@ -10,9 +10,6 @@ namespace PickerCtl {
 
 namespace {
 
-const QString kTitle = QStringLiteral("Customize Columns");
-const QString kMoveUpText = QStringLiteral("Move &Up");
-const QString kMoveDownText = QStringLiteral("Move &Down");
 constexpr int kIdRole = Qt::UserRole + 1;
 constexpr int kCanHideRole = Qt::UserRole + 2;
 
@@ -21,11 +18,11 @@ constexpr int kCanHideRole = Qt::UserRole + 2;
 ColumnsDialog::ColumnsDialog(const QList<ColumnChoice> &columns, QWidget *parent)
     : QDialog(parent)
     , m_list(new QListWidget(this))
-    , m_moveUp(new QPushButton(kMoveUpText, this))
-    , m_moveDown(new QPushButton(kMoveDownText, this))
+    , m_moveUp(new QPushButton(tr("Move &Up"), this))
+    , m_moveDown(new QPushButton(tr("Move &Down"), this))
 {
     setObjectName(QStringLiteral("dlgColumns"));
-    setWindowTitle(kTitle);
+    setWindowTitle(tr("Customize Columns"));
     m_list->setObjectName(QStringLiteral("lstColumns"));
     m_moveUp->setObjectName(QStringLiteral("cmdMoveUp"));
     m_moveDown->setObjectName(QStringLiteral("cmdMoveDown"));

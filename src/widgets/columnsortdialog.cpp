@@ -11,11 +11,6 @@ namespace PickerCtl {
 
 namespace {
 
-const QString kTitle = QStringLiteral("Sort");
-const QString kNoSort = QStringLiteral("(none)");
-const QString kSortByLabel = QStringLiteral("Sort &by:");
-const QString kAscendingText = QStringLiteral("&Ascending");
-const QString kDescendingText = QStringLiteral("&Descending");
 
 } // namespace
 
@@ -23,16 +18,16 @@ ColumnSortDialog::ColumnSortDialog(const QList<QPair<QString, QString>> &columns
                                    Qt::SortOrder currentOrder, QWidget *parent)
     : QDialog(parent)
     , m_column(new QComboBox(this))
-    , m_ascending(new QRadioButton(kAscendingText, this))
-    , m_descending(new QRadioButton(kDescendingText, this))
+    , m_ascending(new QRadioButton(tr("&Ascending"), this))
+    , m_descending(new QRadioButton(tr("&Descending"), this))
 {
     setObjectName(QStringLiteral("dlgSort"));
-    setWindowTitle(kTitle);
+    setWindowTitle(tr("Sort"));
     m_column->setObjectName(QStringLiteral("cboColumn"));
     m_ascending->setObjectName(QStringLiteral("optAscending"));
     m_descending->setObjectName(QStringLiteral("optDescending"));
 
-    m_column->addItem(kNoSort, QString());
+    m_column->addItem(tr("(none)"), QString());
     for (const auto &column : columns)
         m_column->addItem(column.second, column.first);
     const int current = m_column->findData(currentId);
@@ -54,7 +49,7 @@ ColumnSortDialog::ColumnSortDialog(const QList<QPair<QString, QString>> &columns
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto *form = new QFormLayout;
-    form->addRow(kSortByLabel, m_column);
+    form->addRow(tr("Sort &by:"), m_column);
     form->addRow(QString(), m_ascending);
     form->addRow(QString(), m_descending);
     auto *layout = new QVBoxLayout(this);

@@ -6,43 +6,50 @@
 #include <PickerCtl/FieldCatalog.h>
 #include <PickerCtl/TechnologyTypes.h>
 
+#include <QMimeData>
 #include <QStringList>
+#include <QtDebug>
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <numeric>
 
 namespace PickerCtl {
 
 namespace {
 
+// Beyond this many runs of neighbouring rows a removal resets the model: shifting the collection
+// once per run would cost runs x items.
+constexpr size_t kMaxRemovalRuns = 64;
+
 struct ColumnInfo
 {
     const char16_t *id;
-    const char16_t *title;
+    const char *title;
     bool visibleByDefault;
 };
 
 constexpr std::array<ColumnInfo, FieldListModel::ColumnCount> kColumns{{
-    {u"name", u"Name", true},
-    {u"category", u"Category", true},
-    {u"type", u"Type", true},
-    {u"technology", u"Technology", true},
-    {u"owner", u"Owner", true},
-    {u"id", u"Id", false},
-    {u"description", u"Description", false},
-    {u"unit", u"Unit", false},
-    {u"status", u"Status", false},
+    {u"name", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Name"), true},
+    {u"category", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Category"), true},
+    {u"type", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Type"), true},
+    {u"technology", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Technology"), true},
+    {u"owner", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Owner"), true},
+    {u"id", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Id"), false},
+    {u"description", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Description"), false},
+    {u"unit", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Unit"), false},
+    {u"status", QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Status"), false},
 }};
 
 const QString kCounterCode = QStringLiteral("CNT");
 const QString kExpressionCode = QStringLiteral("EXP");
 const QString kUdcCode = QStringLiteral("UDC");
-const QString kCounterText = QStringLiteral("Counter");
-const QString kExpressionText = QStringLiteral("Expression");
-const QString kUdcText = QStringLiteral("UDC");
+constexpr auto kCounterText = QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Counter");
+constexpr auto kExpressionText = QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Expression");
+constexpr auto kUdcText = QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "UDC");
 const QString kValidStatusCode = QStringLiteral("V");
-const QString kValidText = QStringLiteral("Valid");
-const QString kNotValidatedText = QStringLiteral("Not validated");
+constexpr auto kValidText = QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Valid");
+constexpr auto kNotValidatedText = QT_TRANSLATE_NOOP("PickerCtl::FieldListModel", "Not validated");
 const QString kTechnologySeparator = QStringLiteral(", ");
 
 QString catalogueTechnologyNames(const QString &mask)
@@ -57,6 +64,18 @@ QString catalogueTechnologyNames(const QString &mask)
             names.append(type->Name());
     }
     return names.join(kTechnologySeparator);
+}
+
+// What the exception being handled says; call only inside a catch block.
+QString currentExceptionText()
+{
+    try {
+        throw;
+    } catch (const std::exception &error) {
+        return QString::fromLocal8Bit(error.what());
+    } catch (...) {
+        return QStringLiteral("an exception of unknown type");
+    }
 }
 
 } // namespace
@@ -89,7 +108,7 @@ QString FieldListModel::columnTitle(int column)
 {
     if (column < 0 || column >= ColumnCount)
         return {};
-    return QString::fromUtf16(kColumns[size_t(column)].title);
+    return tr(kColumns[size_t(column)].title);
 }
 
 bool FieldListModel::columnVisibleByDefault(int column)
@@ -100,11 +119,11 @@ bool FieldListModel::columnVisibleByDefault(int column)
 QString FieldListModel::typeText(const QString &typeCode)
 {
     if (typeCode == kCounterCode)
-        return kCounterText;
+        return tr(kCounterText);
     if (typeCode == kExpressionCode)
-        return kExpressionText;
+        return tr(kExpressionText);
     if (typeCode == kUdcCode)
-        return kUdcText;
+        return tr(kUdcText);
     return typeCode;
 }
 
@@ -112,7 +131,7 @@ QString FieldListModel::statusText(const Field &field)
 {
     if (!field.IsExpression())
         return {};
-    return field.ValidationStatus() == kValidStatusCode ? kValidText : kNotValidatedText;
+    return field.ValidationStatus() == kValidStatusCode ? tr(kValidText) : tr(kNotValidatedText);
 }
 
 void FieldListModel::setFields(const FieldsPtr &fields)
@@ -171,6 +190,101 @@ void FieldListModel::removeSourceRow(int sourceRowNumber)
     endRemoveRows();
 }
 
+void FieldListModel::compactFields(const std::vector<char> &removed)
+{
+    std::vector<FieldPtr> kept;
+    kept.reserve(size_t(m_fields->size()));
+    for (qsizetype i = 0; i < m_fields->size(); ++i) {
+        if (!removed[size_t(i)])
+            kept.push_back(m_fields->at(i));
+    }
+    m_fields->clear();
+    m_fields->reserve(qsizetype(kept.size()));
+    for (const FieldPtr &field : kept)
+        m_fields->Add(field);
+}
+
+void FieldListModel::removeSourceRows(const std::vector<int> &sourcePositions)
+{
+    if (!m_fields || sourcePositions.empty())
+        return;
+    const int count = int(m_fields->size());
+    std::vector<std::pair<int, int>> runs;
+    for (int position : sourcePositions) {
+        if (position < 0 || position >= count)
+            continue;
+        if (!runs.empty() && runs.back().second + 1 == position)
+            runs.back().second = position;
+        else if (runs.empty() || position > runs.back().second)
+            runs.emplace_back(position, position);
+    }
+    if (runs.empty())
+        return;
+    if (runs.size() == 1 && runs.front().first == runs.front().second) {
+        removeSourceRow(runs.front().first);
+        return;
+    }
+    if (!isSorted() && runs.size() <= kMaxRemovalRuns) {
+        // From the last run to the first, so the earlier runs keep their row numbers.
+        for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+            beginRemoveRows(QModelIndex(), run->first, run->second);
+            std::vector<char> removed(size_t(m_fields->size()), 0);
+            std::fill(removed.begin() + run->first, removed.begin() + run->second + 1, 1);
+            compactFields(removed);
+            endRemoveRows();
+        }
+        return;
+    }
+    beginResetModel();
+    std::vector<char> removed(size_t(count), 0);
+    for (const auto &run : runs)
+        std::fill(removed.begin() + run.first, removed.begin() + run.second + 1, 1);
+    compactFields(removed);
+    if (!m_order.empty()) {
+        std::vector<int> newPosition(size_t(count), -1);
+        int next = 0;
+        for (int position = 0; position < count; ++position) {
+            if (!removed[size_t(position)])
+                newPosition[size_t(position)] = next++;
+        }
+        std::vector<int> order;
+        order.reserve(size_t(next));
+        for (int position : m_order) {
+            if (newPosition[size_t(position)] >= 0)
+                order.push_back(newPosition[size_t(position)]);
+        }
+        m_order = std::move(order);
+        rebuildPositions();
+    }
+    endResetModel();
+}
+
+void FieldListModel::insertFields(int sourcePosition, const std::vector<FieldPtr> &fields)
+{
+    if (fields.empty())
+        return;
+    if (!m_fields)
+        m_fields = Fields::create();
+    const int count = int(m_fields->size());
+    if (isSorted() || sourcePosition < 0 || sourcePosition >= count) {
+        appendFields(fields);
+        return;
+    }
+    beginInsertRows(QModelIndex(), sourcePosition, sourcePosition + int(fields.size()) - 1);
+    std::vector<FieldPtr> items;
+    items.reserve(size_t(count) + fields.size());
+    for (int i = 0; i < sourcePosition; ++i)
+        items.push_back(m_fields->at(i));
+    items.insert(items.end(), fields.begin(), fields.end());
+    for (int i = sourcePosition; i < count; ++i)
+        items.push_back(m_fields->at(i));
+    m_fields->clear();
+    m_fields->reserve(qsizetype(items.size()));
+    for (const FieldPtr &field : items)
+        m_fields->Add(field);
+    endInsertRows();
+}
+
 bool FieldListModel::moveRowsBy(int first, int last, int delta)
 {
     const int neighbour = delta > 0 ? last + 1 : first - 1;
@@ -204,6 +318,16 @@ void FieldListModel::clearSort()
 }
 
 void FieldListModel::sort(int column, Qt::SortOrder order)
+{
+    // A header click calls this from the event loop: a failing field or catalogue keeps the order.
+    try {
+        sortBy(column, order);
+    } catch (...) {
+        warnOnce("sorting", currentExceptionText());
+    }
+}
+
+void FieldListModel::sortBy(int column, Qt::SortOrder order)
 {
     if (column < 0) {
         clearSort();
@@ -325,9 +449,25 @@ QString FieldListModel::technologyText(const QString &mask) const
     auto it = m_technologyCache.constFind(mask);
     if (it != m_technologyCache.cend())
         return *it;
-    const QString text = m_technologyNamer ? m_technologyNamer(mask) : mask;
+    QString text;
+    try {
+        text = m_technologyNamer ? m_technologyNamer(mask) : mask;
+    } catch (...) {
+        // Not cached: the catalogue is asked again on the next paint and may have recovered.
+        warnOnce("naming technologies", currentExceptionText());
+        return {};
+    }
     m_technologyCache.insert(mask, text);
     return text;
+}
+
+void FieldListModel::warnOnce(const char *activity, const QString &reason) const
+{
+    if (m_warned)
+        return;
+    m_warned = true;
+    qWarning("Field list: %s failed (%s); affected cells stay empty. Further failures are not logged.",
+             activity, qUtf8Printable(reason));
 }
 
 QString FieldListModel::cellText(const Field &field, int column) const
@@ -347,6 +487,17 @@ QString FieldListModel::cellText(const Field &field, int column) const
 }
 
 QVariant FieldListModel::data(const QModelIndex &index, int role) const
+{
+    // Views call this while painting: a field or catalogue that throws shows as an empty cell.
+    try {
+        return cellData(index, role);
+    } catch (...) {
+        warnOnce("reading a cell", currentExceptionText());
+        return {};
+    }
+}
+
+QVariant FieldListModel::cellData(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
@@ -391,19 +542,25 @@ QVariant FieldListModel::data(const QModelIndex &index, int role) const
 
 QVariant FieldListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
-        return QAbstractTableModel::headerData(section, orientation, role);
-    if (role == Qt::DisplayRole)
-        return columnTitle(section);
-    if (role == ColumnIdRole)
-        return columnId(section);
+    // Painted by the header like data(): nothing may escape into the event loop from here either.
+    try {
+        if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount)
+            return QAbstractTableModel::headerData(section, orientation, role);
+        if (role == Qt::DisplayRole)
+            return columnTitle(section);
+        if (role == ColumnIdRole)
+            return columnId(section);
+    } catch (...) {
+        warnOnce("reading a column title", currentExceptionText());
+    }
     return {};
 }
 
 Qt::ItemFlags FieldListModel::flags(const QModelIndex &index) const
 {
+    // Drops land between rows or on the empty area, never on an item.
     if (!index.isValid())
-        return Qt::NoItemFlags;
+        return m_dropHandler ? Qt::ItemIsDropEnabled : Qt::NoItemFlags;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
 }
 
@@ -412,6 +569,45 @@ QModelIndex FieldListModel::sibling(int row, int column, const QModelIndex &inde
     Q_UNUSED(index);
     return row >= 0 && row < rowCount() && column >= 0 && column < ColumnCount ? createIndex(row, column)
                                                                               : QModelIndex();
+}
+
+void FieldListModel::setDropHandler(DropHandler handler)
+{
+    m_dropHandler = std::move(handler);
+}
+
+Qt::DropActions FieldListModel::supportedDropActions() const
+{
+    return m_dropHandler ? Qt::CopyAction | Qt::MoveAction : Qt::CopyAction;
+}
+
+Qt::DropActions FieldListModel::supportedDragActions() const
+{
+    // A drag out of a list offers a copy: the list never gives its fields away.
+    return Qt::CopyAction;
+}
+
+int FieldListModel::dropRow(int row, const QModelIndex &parent) const
+{
+    if (parent.isValid())
+        return parent.row();
+    return row < 0 || row > rowCount() ? rowCount() : row;
+}
+
+bool FieldListModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                     const QModelIndex &parent) const
+{
+    Q_UNUSED(action);
+    Q_UNUSED(column);
+    return m_dropHandler && data && m_dropHandler(data, dropRow(row, parent), false);
+}
+
+bool FieldListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent)
+{
+    Q_UNUSED(action);
+    Q_UNUSED(column);
+    return m_dropHandler && data && m_dropHandler(data, dropRow(row, parent), true);
 }
 
 } // namespace PickerCtl

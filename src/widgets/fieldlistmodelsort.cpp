@@ -1,10 +1,14 @@
 #include "widgets/fieldlistmodelsort.h"
 
+#include "widgets/textgroups.h"
+
 #include <QChar>
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
+#include <numeric>
+#include <optional>
 #include <utility>
 
 namespace PickerCtl::FieldListSort {
@@ -156,6 +160,112 @@ void radixSortByHead(std::vector<Entry> &entries)
     }
 }
 
+// The rank of each group, given the groups in ascending order of their texts: groups whose texts
+// compare equal (they differ only in case) share a rank. Descending reverses the ranks.
+template<typename Compare>
+std::vector<int> ranksOf(const std::vector<int> &ascendingGroups, Compare compareGroups, bool ascending)
+{
+    std::vector<int> rankOf(ascendingGroups.size());
+    int rank = 0;
+    for (size_t i = 0; i < ascendingGroups.size(); ++i) {
+        if (i > 0 && compareGroups(ascendingGroups[i - 1], ascendingGroups[i]) != 0)
+            ++rank;
+        rankOf[size_t(ascendingGroups[i])] = rank;
+    }
+    if (!ascending) {
+        for (int &groupRank : rankOf)
+            groupRank = rank - groupRank;
+    }
+    return rankOf;
+}
+
+// The positions 0..n-1 ordered by the rank of their group; a stable counting sort, so positions
+// of equal rank keep their order.
+std::vector<int> dealByRank(const std::vector<int> &groupOf, const std::vector<int> &rankOf)
+{
+    const int ranks = rankOf.empty() ? 0 : *std::max_element(rankOf.begin(), rankOf.end()) + 1;
+    std::vector<int> starts(size_t(ranks) + 1, 0);
+    for (int group : groupOf)
+        ++starts[size_t(rankOf[size_t(group)]) + 1];
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    std::vector<int> order(groupOf.size());
+    for (size_t i = 0; i < groupOf.size(); ++i)
+        order[size_t(starts[size_t(rankOf[size_t(groupOf[i])])]++)] = int(i);
+    return order;
+}
+
+// Orders a run of entries whose heads tie, by the rest of their texts. The entries of a run come
+// in collection order (the radix sort is stable), which equal texts must keep.
+class RunSorter
+{
+public:
+    RunSorter(const std::vector<QString> &texts, const std::vector<Prefix> &prefixes, bool ascending)
+        : m_texts(texts), m_prefixes(prefixes), m_ascending(ascending)
+    {
+    }
+
+    void sort(Entry *first, Entry *last) const
+    {
+        if (last - first <= kSmallRun)
+            std::sort(first, last, [this](const Entry &a, const Entry &b) { return before(a, b); });
+        else
+            sortByDistinctTexts(first, last);
+    }
+
+private:
+    // Below this many entries a plain comparison sort is cheaper than grouping the texts.
+    static constexpr std::ptrdiff_t kSmallRun = 32;
+
+    int compareRows(int a, int b) const
+    {
+        const int order = comparePrefix(m_prefixes[size_t(a)], m_prefixes[size_t(b)]);
+        return order != 0 ? order : compareText(m_texts[size_t(a)], m_texts[size_t(b)]);
+    }
+
+    bool before(const Entry &a, const Entry &b) const
+    {
+        const int order = compareRows(a.row, b.row);
+        if (order != 0)
+            return m_ascending ? order < 0 : order > 0;
+        return a.row < b.row;
+    }
+
+    // Catalogues repeat names (the same counter in every cell of a network), so a run may hold
+    // thousands of equal texts, and comparing those in full over and over is what made a sort
+    // slow. Here each distinct text is compared only with the other distinct texts, and the
+    // entries are then dealt out by the rank of their text.
+    void sortByDistinctTexts(Entry *first, Entry *last) const
+    {
+        const size_t count = size_t(last - first);
+        TextGroups distinct;
+        std::vector<int> firstRows;          // a row of each distinct text, in order of appearance
+        std::vector<int> textOf(count);      // entry -> its distinct text
+        for (size_t i = 0; i < count; ++i) {
+            const int row = first[i].row;
+            const int known = distinct.add(m_texts[size_t(row)]);
+            if (known == int(firstRows.size()))
+                firstRows.push_back(row);
+            textOf[i] = known;
+        }
+
+        std::vector<int> byText(firstRows.size());
+        std::iota(byText.begin(), byText.end(), 0);
+        const auto compareGroups = [this, &firstRows](int a, int b) {
+            return compareRows(firstRows[size_t(a)], firstRows[size_t(b)]);
+        };
+        std::sort(byText.begin(), byText.end(), [&compareGroups](int a, int b) { return compareGroups(a, b) < 0; });
+        const std::vector<int> order = dealByRank(textOf, ranksOf(byText, compareGroups, m_ascending));
+        std::vector<Entry> sorted(count);
+        for (size_t i = 0; i < count; ++i)
+            sorted[i] = first[order[i]];
+        std::copy(sorted.begin(), sorted.end(), first);
+    }
+
+    const std::vector<QString> &m_texts;
+    const std::vector<Prefix> &m_prefixes;
+    bool m_ascending;
+};
+
 } // namespace
 
 int compareText(QStringView a, QStringView b)
@@ -172,7 +282,10 @@ int compareText(QStringView a, QStringView b)
     }
 }
 
-std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending)
+namespace {
+
+// Sorts by packed prefixes: for texts that are mostly distinct.
+std::vector<int> orderByPrefixes(const std::vector<QString> &texts, bool ascending)
 {
     const int skip = sharedUnits(texts);
     std::vector<Prefix> prefixes(texts.size());
@@ -198,18 +311,11 @@ std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending)
             entry.head = ~entry.head;
     }
     radixSortByHead(entries);
-    const auto byRest = [&texts, &prefixes, ascending](const Entry &a, const Entry &b) {
-        int order = comparePrefix(prefixes[size_t(a.row)], prefixes[size_t(b.row)]);
-        if (order == 0)
-            order = compareText(texts[size_t(a.row)], texts[size_t(b.row)]);
-        if (order != 0)
-            return ascending ? order < 0 : order > 0;
-        return a.row < b.row;
-    };
+    const RunSorter runs{texts, prefixes, ascending};
     for (auto run = entries.begin(); run != entries.end();) {
         const auto runEnd = std::find_if(run, entries.end(), [run](const Entry &e) { return e.head != run->head; });
         if (runEnd - run > 1)
-            std::sort(run, runEnd, byRest);
+            runs.sort(&*run, &*run + (runEnd - run));
         run = runEnd;
     }
 
@@ -217,6 +323,34 @@ std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending)
     for (size_t i = 0; i < entries.size(); ++i)
         rows[i] = entries[i].row;
     return rows;
+}
+
+// Sorts texts of which many are equal: only the distinct texts are sorted, and the rows then
+// dealt out by the rank of their text.
+std::vector<int> orderByGroups(const TextGrouping &grouping, bool ascending)
+{
+    std::vector<QString> distinct(size_t(grouping.groups.count()));
+    for (int group = 0; group < grouping.groups.count(); ++group)
+        distinct[size_t(group)] = grouping.groups.text(group);
+    const std::vector<int> byText = orderByPrefixes(distinct, true);
+    const auto compareGroups = [&distinct](int a, int b) { return compareText(distinct[size_t(a)], distinct[size_t(b)]); };
+    return dealByRank(grouping.groupOf, ranksOf(byText, compareGroups, ascending));
+}
+
+// Grouping pays when each distinct text stands for this many rows or more on average.
+constexpr size_t kRowsPerGroup = 8;
+// Below this many rows any order is quick.
+constexpr size_t kGroupingMinimum = 1024;
+
+} // namespace
+
+std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending)
+{
+    if (texts.size() >= kGroupingMinimum) {
+        if (const std::optional<TextGrouping> grouping = groupTexts(texts, texts.size() / kRowsPerGroup))
+            return orderByGroups(*grouping, ascending);
+    }
+    return orderByPrefixes(texts, ascending);
 }
 
 } // namespace PickerCtl::FieldListSort

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <QString>
 #include <QStringView>
 #include <vector>
@@ -17,10 +19,10 @@ namespace PickerCtl {
 namespace FieldListSort {
 
 /// Negative, zero or positive as a comes before, ties with or comes after b.
-int compareText(QStringView a, QStringView b);
+PICKERCTL_AUTOTEST_EXPORT int compareText(QStringView a, QStringView b);
 
 /// Display order (positions in texts) that sorts the texts; equal texts keep their order.
-std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending);
+PICKERCTL_AUTOTEST_EXPORT std::vector<int> textOrder(const std::vector<QString> &texts, bool ascending);
 
 } // namespace FieldListSort
 } // namespace PickerCtl

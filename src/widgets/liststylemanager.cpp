@@ -7,8 +7,6 @@ namespace PickerCtl {
 namespace {
 
 const QString kValidStatusCode = QStringLiteral("V");
-// A tint light enough to read any text over it, as a band on every second row.
-constexpr QRgb kDefaultAlternate = qRgb(0xf2, 0xf6, 0xfb);
 
 } // namespace
 
@@ -16,10 +14,9 @@ ListRowColors::~ListRowColors() = default;
 ListFontProvider::~ListFontProvider() = default;
 ListIconProvider::~ListIconProvider() = default;
 
-ListStyleManager::ListStyleManager()
-    : m_alternate(QColor::fromRgb(kDefaultAlternate))
-{
-}
+// No colour of its own: the list bands every second row with its palette's AlternateBase, which
+// stays readable under a dark palette as well as a light one.
+ListStyleManager::ListStyleManager() = default;
 
 ListStyleManager::~ListStyleManager() = default;
 

@@ -87,6 +87,7 @@ void SettingsPropertyBag::store(const QString &key, const QVariant &value)
     switch (value.metaType().id()) {
     case QMetaType::QFont:
     case QMetaType::QColor:
+    case QMetaType::Float: // nine digits, not the seventeen of the single widened to a double
         tryConvert(value, QMetaType::fromType<QString>(), text);
         m_settings.setValue(path(key), text);
         break;

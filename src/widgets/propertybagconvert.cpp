@@ -1,6 +1,6 @@
 #include <PickerCtl/PropertyBag.h>
 
-#include "catalog/variantnumber.h"
+#include "catalog/core/variantnumber.h"
 
 #include <QApplication>
 #include <QColor>
@@ -74,6 +74,24 @@ std::optional<double> realOf(const QVariant &value)
     if (!ok || !std::isfinite(result))
         return std::nullopt;
     return result;
+}
+
+// A real as a single. Nine significant digits name every float exactly, but the text of FLT_MAX
+// (3.40282347e+38) reads back as a double just above it: whatever rounds to a finite float is
+// that float. Beyond that is out of range.
+std::optional<float> singleOf(const QVariant &value)
+{
+    const std::optional<double> real = realOf(value);
+    if (!real)
+        return std::nullopt;
+    constexpr double Largest = std::numeric_limits<float>::max();
+    // Halfway between FLT_MAX and the next power of two: the first double that rounds to infinity.
+    const double roundsToInfinity = std::ldexp(1.0, 128) - std::ldexp(1.0, 103);
+    if (std::abs(*real) <= Largest)
+        return float(*real);
+    if (std::abs(*real) < roundsToInfinity)
+        return *real > 0 ? float(Largest) : -float(Largest);
+    return std::nullopt;
 }
 
 std::optional<qint32> int32Of(const QVariant &value)
@@ -207,8 +225,8 @@ bool tryConvert(const QVariant &value, QMetaType type, QVariant &out)
         }
         return false;
     case QMetaType::Float:
-        if (const auto real = realOf(value); real && std::abs(*real) <= std::numeric_limits<float>::max()) {
-            out = float(*real);
+        if (const auto single = singleOf(value)) {
+            out = *single;
             return true;
         }
         return false;

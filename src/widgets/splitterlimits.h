@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 namespace PickerCtl {
 
 /// The pixels a splitter bar's left edge may take.
@@ -16,6 +18,7 @@ struct SplitterRange
  * converted at dpi, and never outside the parent, so the bar can always be grabbed again.
  * When the limits contradict each other the minimum wins.
  */
+PICKERCTL_AUTOTEST_EXPORT
 SplitterRange splitterRange(float minimumTwips, float maximumTwips, double dpi, int parentWidth,
                             int barWidth);
 

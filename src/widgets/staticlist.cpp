@@ -9,6 +9,8 @@
 #include "widgets/staticliststatus.h"
 #include "widgets/staticlistviews.h"
 
+#include <PickerCtl/AppServices.h>
+
 #include <QDrag>
 #include <QEvent>
 #include <QHeaderView>
@@ -16,16 +18,13 @@
 #include <QMimeData>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace PickerCtl {
 
 namespace {
 
 const QString kPropertiesKeySuffix = QStringLiteral(" Columns");
-const QString kCustomizeText = QStringLiteral("Customize Columns...");
-const QString kSortText = QStringLiteral("Sort...");
-const QString kAutoSizeText = QStringLiteral("Auto-size Columns");
-const QString kClearSortText = QStringLiteral("Clear Sort");
 const QString kColumnEntryPrefix = QStringLiteral("mnuHeaderColumn_");
 constexpr int kDefaultNameMinimum = 80;
 constexpr int kDefaultNameWidth = 140;
@@ -123,7 +122,9 @@ void XStaticList::Private::select(const RowSpans &spans)
     if (spans.empty())
         selection()->clearSelection();
     else
-        selection()->select(selectionOf(spans, model), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        // The ranges already cover whole rows and do not overlap. With the Rows flag Qt would widen
+        // and merge them range by range again, which takes minutes for 50,000 scattered rows.
+        selection()->select(selectionOf(spans, model), QItemSelectionModel::ClearAndSelect);
 }
 
 int XStaticList::Private::defaultWidth(int column) const
@@ -186,6 +187,8 @@ void XStaticList::Private::sortKeepingSelection(int column, Qt::SortOrder order)
         showSortIndicator();
         return;
     }
+    // Reordering a catalogue-wide list takes a noticeable moment.
+    const WaitCursorGuard wait;
     // The selection is carried over by collection position: huge selections would otherwise be
     // split into one persistent index per row while the rows are reordered.
     std::vector<int> selectedSources;
@@ -244,14 +247,14 @@ void XStaticList::Private::prepareHeaderMenu()
         QObject::connect(entry, &QAction::toggled, q, [this, id](bool on) { q->setColumnVisible(id, on); });
     }
     headerMenu->addSeparator();
-    QAction *customize = headerMenu->addAction(kCustomizeText, q, &XStaticList::CustomizeColumns);
+    QAction *customize = headerMenu->addAction(XStaticList::tr("Customize Columns..."), q, &XStaticList::CustomizeColumns);
     customize->setObjectName(QStringLiteral("mnuHeaderCustomize"));
-    QAction *sort = headerMenu->addAction(kSortText, q, &XStaticList::CustomizeColumnSort);
+    QAction *sort = headerMenu->addAction(XStaticList::tr("Sort..."), q, &XStaticList::CustomizeColumnSort);
     sort->setObjectName(QStringLiteral("mnuHeaderSort"));
     sort->setEnabled(model->isSortingEnabled());
-    QAction *autoSize = headerMenu->addAction(kAutoSizeText, q, &XStaticList::AutoSizeColumns);
+    QAction *autoSize = headerMenu->addAction(XStaticList::tr("Auto-size Columns"), q, &XStaticList::AutoSizeColumns);
     autoSize->setObjectName(QStringLiteral("mnuHeaderAutoSize"));
-    QAction *clearSort = headerMenu->addAction(kClearSortText, q, &XStaticList::ClearHeaderIcon);
+    QAction *clearSort = headerMenu->addAction(XStaticList::tr("Clear Sort"), q, &XStaticList::ClearHeaderIcon);
     clearSort->setObjectName(QStringLiteral("mnuHeaderClearSort"));
     clearSort->setEnabled(model->isSorted());
 }
@@ -320,6 +323,8 @@ XStaticList::XStaticList(QWidget *parent)
     d->icons->setUniformItemSizes(true);
 
     for (QAbstractItemView *itemView : {static_cast<QAbstractItemView *>(d->tree), static_cast<QAbstractItemView *>(d->icons)}) {
+        itemView->setAccessibleName(tr("Fields"));
+        itemView->setAccessibleDescription(tr("The fields shown; select them to copy, drag or open them"));
         itemView->setSelectionBehavior(QAbstractItemView::SelectRows);
         itemView->setSelectionMode(QAbstractItemView::ExtendedSelection);
         itemView->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -431,24 +436,80 @@ void XStaticList::AppendItems(const FieldsPtr &fields)
     d->model->appendFields(added);
 }
 
+namespace {
+
+// Where RemoveItem finds its item: that very object's first position still shown, else the first
+// item with its key. The key index finds the first candidate at once; identical objects and equal
+// keys stand at or after it, so a scan is only needed when a key is repeated.
+// `gone` (may be null) marks the items an unfinished batch has already taken.
+qsizetype removalPosition(const Fields &items, const FieldPtr &field, const std::vector<char> *gone)
+{
+    const auto taken = [gone](qsizetype i) { return gone && (*gone)[size_t(i)]; };
+    const qsizetype first = items.indexOf(field->Key());
+    if (first < 0)
+        return -1;
+    if (!taken(first) && items.at(first) == field)
+        return first;
+    for (qsizetype i = first; i < items.size(); ++i) {
+        if (!taken(i) && items.at(i) == field)
+            return i;
+    }
+    const QString key = field->Key();
+    for (qsizetype i = first; i < items.size(); ++i) {
+        if (!taken(i) && items.at(i) && items.at(i)->Key() == key)
+            return i;
+    }
+    return -1;
+}
+
+} // namespace
+
 bool XStaticList::RemoveItem(const FieldPtr &field)
 {
     if (!field)
         return false;
     const FieldsPtr items = d->model->fields();
-    qsizetype position = -1;
-    for (qsizetype i = 0; i < items->size(); ++i) {
-        if (items->at(i) == field) {
-            position = i;
-            break;
-        }
-    }
-    if (position < 0)
-        position = items->indexOf(field->Key());
+    const qsizetype position = removalPosition(*items, field, nullptr);
     if (position < 0)
         return false;
     d->model->removeSourceRow(int(position));
     return true;
+}
+
+qint32 XStaticList::RemoveItems(const FieldsPtr &fields)
+{
+    if (!fields || fields->isEmpty())
+        return 0;
+    const FieldsPtr items = d->model->fields();
+    std::vector<char> gone(size_t(items->size()), 0);
+    std::vector<int> positions;
+    positions.reserve(size_t(fields->size()));
+    for (const FieldPtr &field : *fields) {
+        if (!field)
+            continue;
+        const qsizetype position = removalPosition(*items, field, &gone);
+        if (position < 0)
+            continue;
+        gone[size_t(position)] = 1;
+        positions.push_back(int(position));
+    }
+    std::sort(positions.begin(), positions.end());
+    d->model->removeSourceRows(positions);
+    return qint32(positions.size());
+}
+
+void XStaticList::InsertItems(qint32 row, const FieldsPtr &fields)
+{
+    if (!fields)
+        return;
+    std::vector<FieldPtr> added;
+    added.reserve(size_t(fields->size()));
+    for (const FieldPtr &field : *fields) {
+        if (field)
+            added.push_back(field);
+    }
+    const int position = row >= 0 && row < Count() ? d->model->sourceRow(row) : Count();
+    d->model->insertFields(position, added);
 }
 
 FieldsPtr XStaticList::SelectedItems() const
@@ -602,6 +663,10 @@ QString XStaticList::Caption() const
 void XStaticList::setCaption(const QString &caption)
 {
     d->caption = caption;
+    // A screen reader tells two lists of one form apart by their captions.
+    const QString spoken = caption.isEmpty() ? tr("Fields") : caption;
+    d->tree->setAccessibleName(spoken);
+    d->icons->setAccessibleName(spoken);
 }
 
 QString XStaticList::EmptyText() const
@@ -676,6 +741,20 @@ void XStaticList::setMultiSelect(bool on)
         const int keep = current.isValid() && d->selection()->isRowSelected(current.row()) ? current.row()
                                                                                             : d->selectedSpans().front().first;
         d->select({{keep, keep}});
+    }
+}
+
+void XStaticList::setDropHandler(DropHandler handler)
+{
+    const bool accepts = bool(handler);
+    d->model->setDropHandler(std::move(handler));
+    for (QAbstractItemView *itemView : {static_cast<QAbstractItemView *>(d->tree), static_cast<QAbstractItemView *>(d->icons)}) {
+        // Drops are delivered to the viewport, which takes them only when it accepts drops itself.
+        itemView->setAcceptDrops(accepts);
+        itemView->viewport()->setAcceptDrops(accepts);
+        itemView->setDropIndicatorShown(accepts);
+        itemView->setDragDropMode(accepts ? QAbstractItemView::DragDrop : QAbstractItemView::DragOnly);
+        itemView->setDragEnabled(d->allowDragDrop);
     }
 }
 

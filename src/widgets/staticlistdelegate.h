@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <QStyledItemDelegate>
 
 class QAbstractItemView;
@@ -7,7 +9,7 @@ class QAbstractItemView;
 namespace PickerCtl {
 
 /// Draws the selection as the list's FullRowSelect and HideSelection ask.
-class StaticListDelegate : public QStyledItemDelegate
+class PICKERCTL_AUTOTEST_EXPORT StaticListDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 

@@ -24,6 +24,8 @@ StaticListTreeView::StaticListTreeView(const StaticListViewState &state, QWidget
     : QTreeView(parent)
     , m_state(state)
 {
+    // Every second row banded in the palette's AlternateBase, so the band follows a dark palette.
+    setAlternatingRowColors(true);
 }
 
 void StaticListTreeView::keyboardSearch(const QString &search)

@@ -1,5 +1,7 @@
 #include "widgets/treeoptmodel.h"
 
+#include "widgets/subtreesizes.h"
+
 namespace PickerCtl {
 
 struct TreeOptModel::Node
@@ -12,7 +14,7 @@ struct TreeOptModel::Node
     int check = 0;
     Node *parent = nullptr;
     int row = 0;
-    mutable int preorder = 0;
+    SubtreeSizes childSizes;
     int checkedChildren = 0;
     int uncheckedChildren = 0;
     std::vector<std::unique_ptr<Node>> children;
@@ -84,8 +86,6 @@ void TreeOptModel::clear()
     beginResetModel();
     m_root = std::make_unique<Node>();
     m_byKey.clear();
-    m_preorder.clear();
-    m_preorderValid = true;
     endResetModel();
 }
 
@@ -115,12 +115,9 @@ QModelIndex TreeOptModel::addNode(const QString &key, const QString &parentKey,
     beginInsertRows(indexOf(parentNode), added->row, added->row);
     parentNode->children.push_back(std::move(node));
     m_byKey.insert(key, added);
-    if (m_preorderValid && isLastInPreorder(added)) {
-        m_preorder.push_back(added);
-        added->preorder = int(m_preorder.size());
-    } else {
-        m_preorderValid = false;
-    }
+    parentNode->childSizes.append(1);
+    for (Node *ancestor = parentNode; ancestor != m_root.get(); ancestor = ancestor->parent)
+        ancestor->parent->childSizes.grow(ancestor->row, 1);
     endInsertRows();
 
     if (parentNode != m_root.get()) {
@@ -137,33 +134,6 @@ QModelIndex TreeOptModel::addNode(const QString &key, const QString &parentKey,
     return indexOf(added);
 }
 
-bool TreeOptModel::isLastInPreorder(const Node *node) const
-{
-    for (const Node *n = node; n->parent; n = n->parent) {
-        if (n->row != int(n->parent->children.size()) - 1)
-            return false;
-    }
-    return true;
-}
-
-void TreeOptModel::rebuildPreorder() const
-{
-    m_preorder.clear();
-    m_preorder.reserve(size_t(m_byKey.size()));
-    std::vector<const Node *> pending;
-    for (auto it = m_root->children.rbegin(); it != m_root->children.rend(); ++it)
-        pending.push_back(it->get());
-    while (!pending.empty()) {
-        const Node *node = pending.back();
-        pending.pop_back();
-        m_preorder.push_back(const_cast<Node *>(node));
-        node->preorder = int(m_preorder.size());
-        for (auto it = node->children.rbegin(); it != node->children.rend(); ++it)
-            pending.push_back(it->get());
-    }
-    m_preorderValid = true;
-}
-
 QModelIndex TreeOptModel::indexOfKey(const QString &key) const
 {
     return indexOf(m_byKey.value(key));
@@ -171,21 +141,29 @@ QModelIndex TreeOptModel::indexOfKey(const QString &key) const
 
 int TreeOptModel::preorderIndex(const QModelIndex &index) const
 {
-    const Node *node = nodeOf(index);
-    if (!node)
-        return 0;
-    if (!m_preorderValid)
-        rebuildPreorder();
-    return node->preorder;
+    // A node comes after its parent and after the whole subtrees of its earlier siblings.
+    int position = 0;
+    for (const Node *node = nodeOf(index); node; node = node->parent) {
+        if (node == m_root.get())
+            break;
+        position += 1 + node->parent->childSizes.sumBefore(node->row);
+    }
+    return position;
 }
 
 QModelIndex TreeOptModel::indexAtPreorder(int position) const
 {
-    if (!m_preorderValid)
-        rebuildPreorder();
-    if (position < 1 || position > int(m_preorder.size()))
+    if (position < 1 || position > nodeCount())
         return {};
-    return indexOf(m_preorder[size_t(position - 1)]);
+    const Node *node = m_root.get();
+    int remaining = position;
+    for (;;) {
+        const auto [row, within] = node->childSizes.find(remaining);
+        node = node->children[size_t(row)].get();
+        if (within == 1)
+            return indexOf(node);
+        remaining = within - 1;
+    }
 }
 
 int TreeOptModel::nodeCount() const

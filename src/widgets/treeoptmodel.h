@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <QAbstractItemModel>
 #include <QHash>
 #include <memory>
@@ -13,10 +15,11 @@ namespace PickerCtl {
  * A parent's value always follows its children (all 1 -> 1, all 0 -> 0, else 2); setting a node to
  * 0 or 1 sets its whole subtree. Each node counts its checked and unchecked children, so a change
  * costs the depth of the tree, not the number of siblings: a root with thousands of children stays
- * fast. Nodes are only ever appended or all cleared, which keeps rows and the pre-order numbering
- * cheap to maintain.
+ * fast. Nodes are only ever appended to their parent or all cleared, which keeps rows stable; each
+ * node keeps the sizes of its children's subtrees, so adding a node anywhere, the pre-order number
+ * of a node and the node at a number all cost O(depth x log children), never a renumbering.
  */
-class TreeOptModel : public QAbstractItemModel
+class PICKERCTL_AUTOTEST_EXPORT TreeOptModel : public QAbstractItemModel
 {
     Q_OBJECT
 
@@ -84,13 +87,9 @@ private:
     bool setSubtree(Node *node, int value);
     void childValueChanged(Node *parent, int oldValue, int newValue);
     void emitSubtreeChanged(Node *node);
-    bool isLastInPreorder(const Node *node) const;
-    void rebuildPreorder() const;
 
     std::unique_ptr<Node> m_root;
     QHash<QString, Node *> m_byKey;
-    mutable std::vector<Node *> m_preorder;
-    mutable bool m_preorderValid = true;
     bool m_userCheckable = true;
 };
 

@@ -26,9 +26,15 @@ double screenDpiY()
     return screen ? screen->logicalDotsPerInchY() : FallbackDpi;
 }
 
+// The largest widget size Qt allows. Pixel values are saturated to it, so that a restored size of
+// 1e10 twips (or NaN) can neither overflow an int here nor in the sums callers make of the results.
+constexpr double PixelLimit = 16777215.0;
+
 int roundToInt(double value)
 {
-    return int(std::lround(value));
+    if (std::isnan(value))
+        return 0;
+    return int(std::lround(std::clamp(value, -PixelLimit, PixelLimit)));
 }
 
 } // namespace

@@ -126,8 +126,8 @@ private Q_SLOTS:
 
         QCOMPARE(mime->text(), QStringLiteral("Drops\nDrop \"rate\", %"));
         QCOMPARE(QString::fromUtf8(mime->data(QStringLiteral("text/csv"))),
-                 QStringLiteral("Id,Name,Category,Type\r\n1,Drops,Cells,CNT\r\n"
-                                "2,\"Drop \"\"rate\"\", %\",Cells,EXP\r\n"));
+                 QStringLiteral("Key,Name,Category,Technology,Type,Owner\r\nF1,Drops,Cells,,CNT,\r\n"
+                                "F2,\"Drop \"\"rate\"\", %\",Cells,,EXP,\r\n"));
     }
 
     void shouldRejectForeignAndBrokenPayloads_data()

@@ -1,11 +1,51 @@
 #include "staticlist_testfields.h"
 #include "widgets/fieldlistmodel.h"
 
+#include <PickerCtl/MemoryCatalog.h>
+
 #include <QAbstractItemModelTester>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <stdexcept>
+
 using namespace PickerCtl;
+
+namespace {
+
+enum class Thrown { StdException, NonStdValue };
+
+[[noreturn]] void fail(Thrown kind)
+{
+    if (kind == Thrown::StdException)
+        throw std::runtime_error("catalogue connection lost");
+    throw 42;
+}
+
+// A catalogue whose technology lookup fails, as one whose server went away.
+class TechnologyFailingCatalog : public MemoryCatalog
+{
+public:
+    explicit TechnologyFailingCatalog(Thrown kind) : m_kind(kind) {}
+    TechnologyTypesPtr GetTechnologyTypes() override { fail(m_kind); }
+
+private:
+    Thrown m_kind;
+};
+
+// A host's field that fails when its name is read.
+class NameFailingField : public StaticListTestField
+{
+public:
+    NameFailingField(qint32 id, Thrown kind) : StaticListTestField(id, QStringLiteral("X")), m_kind(kind) {}
+    QString Name() const override { fail(m_kind); }
+
+private:
+    Thrown m_kind;
+};
+
+} // namespace
 
 class TestFieldListModel : public QObject
 {
@@ -194,6 +234,62 @@ private Q_SLOTS:
         for (int row = 0; row < model.rowCount(); ++row)
             QCOMPARE(model.index(row, FieldListModel::TechnologyColumn).data().toString(), QStringLiteral("G-names"));
         QCOMPARE(calls, 1);
+    }
+
+    void shouldShowAnEmptyCellWhenTheCatalogueThrows_data()
+    {
+        QTest::addColumn<bool>("catalogueFails");
+        QTest::addColumn<int>("thrown");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("technology lookup throws std::exception") << true << int(Thrown::StdException)
+            << int(FieldListModel::TechnologyColumn) << "catalogue connection lost";
+        QTest::newRow("technology lookup throws a non-std value") << true << int(Thrown::NonStdValue)
+            << int(FieldListModel::TechnologyColumn) << "an exception of unknown type";
+        QTest::newRow("field name throws std::exception") << false << int(Thrown::StdException)
+            << int(FieldListModel::NameColumn) << "catalogue connection lost";
+        QTest::newRow("field name throws a non-std value") << false << int(Thrown::NonStdValue)
+            << int(FieldListModel::NameColumn) << "an exception of unknown type";
+    }
+
+    void shouldShowAnEmptyCellWhenTheCatalogueThrows()
+    {
+        QFETCH(bool, catalogueFails);
+        QFETCH(int, thrown);
+        QFETCH(int, column);
+        QFETCH(QString, reason);
+        const auto kind = Thrown(thrown);
+
+        // Given a list over a catalogue or a field that fails
+        const auto previous = FieldCatalog::instance();
+        if (catalogueFails)
+            FieldCatalog::setInstance(std::make_shared<TechnologyFailingCatalog>(kind));
+        auto fields = testFields("BA");
+        if (!catalogueFails)
+            fields->Add(std::make_shared<NameFailingField>(3, kind));
+        FieldListModel model;
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
+        model.setFields(fields);
+        const int failing = catalogueFails ? 0 : 2;
+
+        // When a view paints the failing cell and sorts by its column, twice
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(reason)));
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+        QVariant shown;
+        for (int pass = 0; pass < 2; ++pass) {
+            shown = model.index(failing, column).data();
+            model.sort(column, Qt::AscendingOrder);
+        }
+        FieldCatalog::setInstance(previous);
+
+        // Then the cell is empty, the rest of the row still shows, the failure was logged once,
+        // and the rows keep their order: unnamed technologies sort as equal texts, a failing
+        // field stops the sort
+        QVERIFY(shown.toString().isEmpty());
+        QCOMPARE(model.index(failing, FieldListModel::IdColumn).data().toInt(), failing + 1);
+        QCOMPARE(model.isSorted(), catalogueFails);
+        QCOMPARE(fields->at(0)->Id(), 1);
+        QCOMPARE(model.index(0, FieldListModel::NameColumn).data().toString(), QStringLiteral("B"));
     }
 
     void shouldKeepColumnIdsStable()

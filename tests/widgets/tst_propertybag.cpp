@@ -6,6 +6,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cfloat>
+#include <cmath>
+#include <limits>
+
 using namespace PickerCtl;
 
 namespace {
@@ -101,6 +105,65 @@ private Q_SLOTS:
         QCOMPARE(readAs<int>(bag, QStringLiteral("TemplateView"), 0), std::nullopt);
         QCOMPARE(readAs<bool>(bag, QStringLiteral("ShowAll"), false), std::optional<bool>(true));
         QCOMPARE(readAs<int>(bag, QStringLiteral("Absent"), 7), std::optional<int>(7));
+    }
+
+    void shouldRoundTripEverySingleExactly_data()
+    {
+        QTest::addColumn<float>("value");
+        QTest::newRow("FLT_MAX") << FLT_MAX;
+        QTest::newRow("-FLT_MAX") << -FLT_MAX;
+        QTest::newRow("FLT_MIN") << FLT_MIN;
+        QTest::newRow("smallest denormal") << std::numeric_limits<float>::denorm_min();
+        QTest::newRow("negative denormal") << -1.0e-40f;
+        QTest::newRow("largest denormal") << std::nextafter(FLT_MIN, 0.0f);
+        QTest::newRow("indentation default") << IndentationDefault;
+        QTest::newRow("one above 1") << std::nextafter(1.0f, 2.0f);
+    }
+
+    // A float written as text (by a host's own bag or an INI file) must read back as that float.
+    void shouldRoundTripEverySingleExactly()
+    {
+        QFETCH(float, value);
+        QVariant text;
+        QVERIFY(tryConvert(value, QMetaType::fromType<QString>(), text));
+        QVariant back;
+        QVERIFY2(tryConvert(text, QMetaType::fromType<float>(), back), qPrintable(text.toString()));
+        QCOMPARE(back.metaType(), QMetaType::fromType<float>());
+        QVERIFY(back.toFloat() == value);
+
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("form.ini"));
+        {
+            QSettings settings(file, QSettings::IniFormat);
+            SettingsPropertyBag bag(settings, QStringLiteral("XFieldPicker"));
+            bag.WriteProperty(QStringLiteral("SplitterLeft"), value, 3000.0f);
+        }
+        QSettings settings(file, QSettings::IniFormat);
+        SettingsPropertyBag bag(settings, QStringLiteral("XFieldPicker"));
+        const std::optional<float> read = readAs<float>(bag, QStringLiteral("SplitterLeft"), 3000.0f);
+        QVERIFY(read.has_value());
+        QVERIFY(*read == value);
+    }
+
+    void shouldRefuseSinglesThatAreNoNumbers_data()
+    {
+        QTest::addColumn<QVariant>("stored");
+        QTest::newRow("NaN single") << QVariant(std::numeric_limits<float>::quiet_NaN());
+        QTest::newRow("infinite single") << QVariant(std::numeric_limits<float>::infinity());
+        QTest::newRow("NaN text") << QVariant(QStringLiteral("nan"));
+        QTest::newRow("infinity text") << QVariant(QStringLiteral("-inf"));
+        QTest::newRow("beyond FLT_MAX text") << QVariant(QStringLiteral("3.5e38"));
+        QTest::newRow("double rounding to infinity") << QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103));
+    }
+
+    // The reader skips what it cannot take, so the property keeps its current value.
+    void shouldRefuseSinglesThatAreNoNumbers()
+    {
+        QFETCH(QVariant, stored);
+        MemoryPropertyBag bag;
+        bag.setStoredValue(QStringLiteral("SplitterWidth"), stored);
+        QCOMPARE(readAs<float>(bag, QStringLiteral("SplitterWidth"), 64.0f), std::nullopt);
+        QVERIFY(bag.contains(QStringLiteral("SplitterWidth")));
     }
 
     void shouldKeepFontsAndColoursReadableInSettings()

@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
+
 using namespace PickerCtl;
 
 namespace {
@@ -125,6 +127,43 @@ private Q_SLOTS:
         }
         QVERIFY(!model.indexAtPreorder(0).isValid());
         QVERIFY(!model.indexAtPreorder(8).isValid());
+    }
+
+    // Nodes added under earlier branches, in every order a host may build a tree.
+    void shouldNumberEveryBuildOrderLikeAWalk_data()
+    {
+        QTest::addColumn<QStringList>("adds");  // "key<parent", an empty parent for a root
+        QTest::newRow("breadth first") << QStringList{"R<", "A<R", "B<R", "C<R", "A1<A", "B1<B", "C1<C", "A11<A1"};
+        QTest::newRow("depth first") << QStringList{"R<", "A<R", "A1<A", "A11<A1", "B<R", "B1<B", "C<R"};
+        QTest::newRow("several roots grown in turn") << QStringList{"R<", "S<", "T<", "S1<S", "R1<R", "T1<T", "R2<R", "S11<S1"};
+        QTest::newRow("first branch grown last") << QStringList{"R<", "A<R", "B<R", "B1<B", "B2<B", "A1<A", "A2<A", "A21<A2"};
+    }
+
+    void shouldNumberEveryBuildOrderLikeAWalk()
+    {
+        QFETCH(QStringList, adds);
+        TreeOptModel model;
+        for (const QString &add : adds) {
+            const QStringList parts = add.split(QLatin1Char('<'));
+            QVERIFY(model.addNode(parts[0], parts[1], parts[0], 0, false, 0).isValid());
+        }
+
+        QStringList walk;
+        std::function<void(const QModelIndex &)> visit = [&](const QModelIndex &parent) {
+            for (int row = 0; row < model.rowCount(parent); ++row) {
+                const QModelIndex child = model.index(row, 0, parent);
+                walk << model.key(child);
+                visit(child);
+            }
+        };
+        visit(QModelIndex());
+
+        QCOMPARE(walk.size(), adds.size());
+        for (int i = 0; i < walk.size(); ++i) {
+            QCOMPARE(model.preorderIndex(model.indexOfKey(walk[i])), i + 1);
+            QCOMPARE(model.key(model.indexAtPreorder(i + 1)), walk[i]);
+        }
+        QVERIFY(!model.indexAtPreorder(int(walk.size()) + 1).isValid());
     }
 
     void shouldRefuseDuplicateKeysAndUnknownParents()

@@ -3,7 +3,16 @@
 
 #include <QTest>
 
+#include <cfloat>
+#include <limits>
+
 using namespace PickerCtl;
+
+namespace {
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double Inf = std::numeric_limits<double>::infinity();
+constexpr int MaxPixels = 16777215;
+} // namespace
 
 static_assert(twipsToPixels(1440, 96) == 96);
 static_assert(pixelsToTwips(96, 96) == 1440);
@@ -34,6 +43,36 @@ private Q_SLOTS:
         QFETCH(double, dpi);
         QFETCH(QRect, pixels);
         QCOMPARE(twipsRectToPixels(twips, dpi, dpi), pixels);
+    }
+
+    // A restored bag can hold any float for SplitterLeft and SplitterWidth.
+    void shouldSaturateHostileTwipsInsteadOfOverflowing_data()
+    {
+        QTest::addColumn<QRectF>("twips");
+        QTest::addColumn<QRect>("pixels");
+        QTest::newRow("left of 1e10") << QRectF(1e10, 0, 3000, 1440) << QRect(MaxPixels, 0, 0, 96);
+        QTest::newRow("width of 1e10") << QRectF(0, 0, 1e10, 1440) << QRect(0, 0, MaxPixels, 96);
+        QTest::newRow("left of -1e10") << QRectF(-1e10, 0, 3000, 1440) << QRect(-MaxPixels, 0, 0, 96);
+        QTest::newRow("left of -1e10 reaching back") << QRectF(-1e10, 0, 1e10, 1440) << QRect(-MaxPixels, 0, MaxPixels, 96);
+        QTest::newRow("width of -1e10") << QRectF(1440, 0, -1e10, 1440) << QRect(96, 0, 0, 96);
+        QTest::newRow("NaN left") << QRectF(NaN, 0, 3000, 1440) << QRect(0, 0, 0, 96);
+        QTest::newRow("NaN width") << QRectF(1440, 0, NaN, 1440) << QRect(96, 0, 0, 96);
+        QTest::newRow("infinite width") << QRectF(0, 0, Inf, 1440) << QRect(0, 0, MaxPixels, 96);
+        QTest::newRow("infinite left") << QRectF(Inf, 0, 3000, 1440) << QRect(MaxPixels, 0, 0, 96);
+        QTest::newRow("infinities cancelling") << QRectF(-Inf, 0, Inf, 1440) << QRect(-MaxPixels, 0, MaxPixels, 96);
+        QTest::newRow("FLT_MAX left and width") << QRectF(FLT_MAX, 0, FLT_MAX, 1440) << QRect(MaxPixels, 0, 0, 96);
+        QTest::newRow("FLT_MAX height") << QRectF(0, 0, 1440, FLT_MAX) << QRect(0, 0, 96, MaxPixels);
+        QTest::newRow("-FLT_MAX top and FLT_MAX height") << QRectF(0, -FLT_MAX, 1440, FLT_MAX) << QRect(0, -MaxPixels, 96, MaxPixels);
+    }
+
+    void shouldSaturateHostileTwipsInsteadOfOverflowing()
+    {
+        QFETCH(QRectF, twips);
+        QFETCH(QRect, pixels);
+        const QRect result = twipsRectToPixels(twips, 96, 96);
+        QCOMPARE(result, pixels);
+        // The far edge stays representable, so callers can add to it.
+        QVERIFY(qint64(result.right()) + 1 <= qint64(MaxPixels) * 2);
     }
 
     void shouldKeepTheSplitterWithinLimitsAndParent_data()
