@@ -4,14 +4,18 @@
 
 #include <PickerCtl/CatalogError.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace PickerCtl::fieldpicker {
 
 namespace {
 
-constexpr auto DuplicateKeyMessage = "The category tree holds the key \"%1\" twice.";
-constexpr auto UnknownParentMessage = "The category tree holds no node \"%1\" to add \"%2\" under.";
+constexpr auto DuplicateKeyMessage =
+    QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "The category tree holds the key \"%1\" twice.");
+constexpr auto UnknownParentMessage =
+    QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "The category tree holds no node \"%1\" to add \"%2\" under.");
 
 char16_t foldAscii(char16_t c)
 {
@@ -86,7 +90,7 @@ void CategoryTreeModel::addNode(const QString &parentKey, const QString &key, co
 {
     const auto it = m_byKey.constFind(parentKey);
     if (it == m_byKey.constEnd())
-        throw CatalogError(QString::fromLatin1(UnknownParentMessage).arg(parentKey, key));
+        throw CatalogError(QCoreApplication::translate("PickerCtl::XFieldPicker", UnknownParentMessage).arg(parentKey, key));
     insertNode(it.value(), key, text, image, selectedImage, tag);
 }
 
@@ -97,7 +101,7 @@ void CategoryTreeModel::addBranch(const QString &parentKey, const std::vector<Br
         return;
     const auto it = m_byKey.constFind(parentKey);
     if (it == m_byKey.constEnd())
-        throw CatalogError(QString::fromLatin1(UnknownParentMessage).arg(parentKey, branch.front().category->Key()));
+        throw CatalogError(QCoreApplication::translate("PickerCtl::XFieldPicker", UnknownParentMessage).arg(parentKey, branch.front().category->Key()));
     const qsizetype top = it.value();
     m_nodes.reserve(m_nodes.size() + branch.size());
     m_byKey.reserve(m_byKey.size() + qsizetype(branch.size()));
@@ -118,7 +122,7 @@ qsizetype CategoryTreeModel::insertNode(qsizetype parent, const QString &key, co
     const qsizetype before = m_byKey.size();
     qsizetype &slot = m_byKey[key];
     if (m_byKey.size() == before)
-        throw CatalogError(QString::fromLatin1(DuplicateKeyMessage).arg(key));
+        throw CatalogError(QCoreApplication::translate("PickerCtl::XFieldPicker", DuplicateKeyMessage).arg(key));
 
     auto &siblings = childrenOf(parent);
     const bool sorted = parent != NoNode && m_nodes[size_t(parent)].sorted;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <PickerCtl/FieldCategory.h>
 
 #include <QAbstractItemModel>
@@ -19,7 +21,7 @@ class ImageList;
  * A whole catalogue is built inside one Batch, which resets the model once at its end instead of
  * announcing every node, so tens of thousands of categories build in a few milliseconds.
  */
-class CategoryTreeModel : public QAbstractItemModel
+class PICKERCTL_AUTOTEST_EXPORT CategoryTreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:

@@ -3,12 +3,14 @@
 #include "fieldpicker/categorytreemodel.h"
 #include "fieldpicker/fieldpicker_cursors.h"
 #include "fieldpicker/fieldpicker_icons.h"
+#include "fieldpicker/interaction_handlers.h"
 
 #include <PickerCtl/AppServices.h>
 #include <PickerCtl/HostSite.h>
 #include <PickerCtl/Notifiers.h>
 #include <PickerCtl/Splitter.h>
 
+#include <QEvent>
 #include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
@@ -21,15 +23,15 @@ namespace {
 constexpr auto DesignFontFamily = "MS Sans Serif";
 constexpr auto DesignListTitle = "Fields";
 // Spelled so in the design; the Caption property replaces it as soon as properties are set.
-constexpr auto DesignLeftHeader = "Entity Hierachy";
-constexpr auto DesignRightHeader = "Available Fields";
+constexpr auto DesignLeftHeader = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Entity Hierachy");
+constexpr auto DesignRightHeader = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Available Fields");
 constexpr int ListMinimumNameWidth = 80;
 constexpr int ListDefaultNameWidth = 140;
 constexpr int HeaderTextIndent = 4;
 
 QLabel *makeHeader(const char *name, const char *text, QWidget *parent)
 {
-    auto *label = new QLabel(QString::fromLatin1(text), parent);
+    auto *label = new QLabel(XFieldPicker::tr(text), parent);
     label->setObjectName(QLatin1String(name));
     label->setToolTip(label->text());
     label->setIndent(HeaderTextIndent);
@@ -60,6 +62,8 @@ void XFieldPicker::Private::createChildren()
 
     tvw = new QTreeView(q);
     tvw->setObjectName(QStringLiteral("tvw"));
+    tvw->setAccessibleName(XFieldPicker::tr("Categories"));
+    tvw->setAccessibleDescription(XFieldPicker::tr("The category tree; selecting a category lists its fields"));
     tvw->setFont(designFont);
     tvw->setHeaderHidden(true);
     tvw->setUniformRowHeights(true);
@@ -67,8 +71,6 @@ void XFieldPicker::Private::createChildren()
     tvw->setSelectionMode(QAbstractItemView::SingleSelection);
     tvw->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tvw->setModel(treeModel);
-    QObject::connect(tvw->selectionModel(), &QItemSelectionModel::currentChanged, q,
-                     [this](const QModelIndex &current) { onTreeCurrentChanged(current); });
 
     stl = new XStaticList(q);
     stl->setObjectName(QStringLiteral("stl"));
@@ -98,15 +100,6 @@ void XFieldPicker::Private::createChildren()
 
 void XFieldPicker::Private::createServices()
 {
-    const FieldCatalogPtr catalog = FieldCatalog::instance();
-
-    clipData = catalog->NewClipData(true);
-    dragClipData = catalog->NewClipData(false);
-    appGeneralState = AppServices::instance()->GeneralState();
-    if (appGeneralState)
-        QObject::connect(appGeneralState.get(), &AppGeneralState::StateChange, q,
-                         [this] { applyFullRowSetting(); });
-
     singleFieldDragCursor = fieldpicker::createSingleFieldDragCursor();
     multipleFieldsDragCursor = fieldpicker::createMultipleFieldsDragCursor();
 
@@ -114,28 +107,71 @@ void XFieldPicker::Private::createServices()
     splitter->setObjectName(QStringLiteral("splitter"));
     QObject::connect(splitter, &Splitter::Split, q, [this] { onSplit(); });
 
-    stl->setProperties(catalog->GetProperties());
-
-    fldUpdates = catalog->GetFieldUpdates();
-    if (fldUpdates)
-        QObject::connect(fldUpdates.get(), &FieldUpdates::FieldsChange, q,
-                         [this](qint32 ordEntity) { onFieldsChange(ordEntity); });
-
     stl->setItems(Fields::create());
     stl->SetSizing(ListMinimumNameWidth, ListDefaultNameWidth);
+
+    // A catalogue or services that fail here leave a control that shows nothing until a Load.
+    runGuarded("connecting the general state", [this] {
+        appGeneralState = AppServices::instance()->GeneralState();
+        if (appGeneralState)
+            QObject::connect(appGeneralState.get(), &AppGeneralState::StateChange, q,
+                             [this] { runGuarded("applying the general state", [this] { applyFullRowSetting(); }); });
+    });
+    runGuarded("connecting the catalogue", [this] {
+        const FieldCatalogPtr catalog = FieldCatalog::instance();
+        actions.createPayloads(*catalog);
+        stl->setProperties(catalog->GetProperties());
+        fldUpdates = catalog->GetFieldUpdates();
+        if (fldUpdates)
+            QObject::connect(fldUpdates.get(), &FieldUpdates::FieldsChange, q,
+                             [this](qint32 ordEntity) { onFieldsChange(ordEntity); });
+    });
+}
+
+void XFieldPicker::Private::createInteraction()
+{
+    interaction = std::make_unique<fieldpicker::Interaction>(
+        fieldpicker::InteractionParts{q, tvw, stl, treeModel, singleFieldDragCursor, multipleFieldsDragCursor},
+        fieldpicker::InteractionHooks{
+            .selection = [this] { return q->Selection(); },
+            .viewFields = [this] { return view.shownFields(); },
+            .makeCurrent = [this](const QModelIndex &node) { runGuarded("selecting a category", [&] { selectNode(node); }); },
+            .copy = [this] { q->Copy(); },
+            .selectAll = [this] { q->SelectAll(); },
+        });
 }
 
 XFieldPicker::Private::~Private()
 {
+    // The children outlive this object by a little while the surface is destroyed; what they
+    // report then must not reach it.
+    delete treeWatcher;
+    for (QObject *sender : std::initializer_list<QObject *>{tvw, tvw->selectionModel(), stl,
+                                                            appGeneralState.get(), fldUpdates.get()}) {
+        if (sender)
+            QObject::disconnect(sender, nullptr, q, nullptr);
+    }
     // Released in this order on purpose: the shown data first, the drag pointers, then the
     // splitter that still watches the bar.
-    currentCategory.reset();
-    clipData.reset();
-    dragClipData.reset();
+    view.setCurrentCategory(nullptr);
+    actions.release();
     singleFieldDragCursor = QCursor();
     multipleFieldsDragCursor = QCursor();
     delete splitter;
     splitter = nullptr;
+}
+
+bool XFieldPicker::Private::runGuarded(const char *what, const std::function<void()> &operation) const
+{
+    try {
+        operation();
+        return true;
+    } catch (const std::exception &error) {
+        qWarning("XFieldPicker: %s failed: %s", what, error.what());
+    } catch (...) {
+        qWarning("XFieldPicker: %s failed", what);
+    }
+    return false;
 }
 
 XFieldPicker::XFieldPicker(QWidget *parent)
@@ -145,6 +181,9 @@ XFieldPicker::XFieldPicker(QWidget *parent)
     setAutoFillBackground(true);
     d->createChildren();
     d->createServices();
+    d->connectTreeNotifications();
+    d->connectListNotifications();
+    d->createInteraction();
     d->moveBar(d->splitterLeftTwips, d->splitterWidthTwips);
 }
 
@@ -171,6 +210,16 @@ void XFieldPicker::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     d->layout();
+}
+
+// The headers' height follows the font, and so does the room the control asks for.
+void XFieldPicker::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        d->layout();
+        updateGeometry();
+    }
 }
 
 } // namespace PickerCtl

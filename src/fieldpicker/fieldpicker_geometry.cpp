@@ -13,15 +13,22 @@ using fieldpicker::TwipsRect;
 
 void XFieldPicker::Private::layout()
 {
-    const fieldpicker::LayoutInput input{templateView, captionVisible, q->SplitterLeft(),
+    const fieldpicker::LayoutInput input{design.templateView, design.captionVisible, q->SplitterLeft(),
                                          q->SplitterWidth(), float(site->ScaleWidth()),
-                                         float(site->ScaleHeight())};
+                                         float(site->ScaleHeight()), headerHeightTwips()};
     const fieldpicker::LayoutResult result = fieldpicker::computeLayout(input);
     place(lblSplitter, result.bar);
     place(lblHeaderLeft, result.headerLeft);
     place(tvw, result.tree);
     place(lblHeaderRight, result.headerRight);
     place(stl, result.list);
+}
+
+// Both headers share the control's font; the text line is measured with the frame around it.
+float XFieldPicker::Private::headerHeightTwips() const
+{
+    const int line = lblHeaderLeft->fontMetrics().height() + 2 * lblHeaderLeft->frameWidth();
+    return fieldpicker::headerHeightFor(float(site->pixelsToTwipsY(line)));
 }
 
 void XFieldPicker::Private::place(QWidget *widget, const std::optional<TwipsRect> &twips)

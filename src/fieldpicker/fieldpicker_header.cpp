@@ -1,12 +1,16 @@
 #include "fieldpicker/fieldpicker_header.h"
 
+#include <QCoreApplication>
+
 namespace PickerCtl::fieldpicker {
 
 namespace {
 
-constexpr auto HeaderPrefix = "Available ";
-constexpr auto KindFields = "Fields";
-constexpr auto KindUdcs = "UDC's";
+constexpr auto Context = "PickerCtl::XFieldPicker";
+constexpr auto KindFields = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Fields");
+constexpr auto KindUdcs = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "UDC's");
+constexpr auto CaptionWithoutCategory = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Available %1");
+constexpr auto CaptionWithCategory = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Available %1 %2");
 // With its leading blank: only the editor named "... User-Defined Calculation" lists UDCs.
 constexpr auto UdcEditorMark = " User-Defined Calculation";
 
@@ -14,16 +18,15 @@ constexpr auto UdcEditorMark = " User-Defined Calculation";
 
 QString kindWord(const QString &editorName)
 {
-    return QLatin1String(editorName.contains(QLatin1String(UdcEditorMark), Qt::CaseSensitive) ? KindUdcs
-                                                                                                : KindFields);
+    const bool udcs = editorName.contains(QLatin1String(UdcEditorMark), Qt::CaseSensitive);
+    return QCoreApplication::translate(Context, udcs ? KindUdcs : KindFields);
 }
 
 QString listHeaderCaption(const QString &editorName, const std::optional<QString> &categoryCaption)
 {
-    QString caption = QLatin1String(HeaderPrefix);
     if (categoryCaption)
-        caption += *categoryCaption + QLatin1Char(' ');
-    return caption + kindWord(editorName);
+        return QCoreApplication::translate(Context, CaptionWithCategory).arg(*categoryCaption, kindWord(editorName));
+    return QCoreApplication::translate(Context, CaptionWithoutCategory).arg(kindWord(editorName));
 }
 
 } // namespace PickerCtl::fieldpicker

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <PickerCtl/pickerctl_export.h>
+
 #include <QHash>
 #include <QIcon>
 #include <QList>
@@ -21,7 +23,7 @@ inline constexpr auto ImageXOpen = "XOpen";
 
 /// A keyed list of same-sized images, each with an optional tag, like the image lists that a tree
 /// view draws its nodes from. A QObject so that it carries its member name as object name.
-class ImageList : public QObject
+class PICKERCTL_AUTOTEST_EXPORT ImageList : public QObject
 {
     Q_OBJECT
 public:
@@ -45,8 +47,16 @@ private:
 };
 
 /// The tree's 16 x 16 images: folders, arrows, the count glyph and the folders that take no fields.
+PICKERCTL_AUTOTEST_EXPORT
 ImageList *createSmallImages(QObject *parent);
 /// The 32 x 32 images: the count glyph.
+PICKERCTL_AUTOTEST_EXPORT
 ImageList *createLargeImages(QObject *parent);
+
+/// Draws an SVG resource into a transparent pixmap of size logical pixels at the device pixel ratio;
+/// a resource that cannot be read leaves the pixmap empty.
+QPixmap renderSvgImage(const QString &resource, QSize size, qreal ratio);
+/// The resource of the drag pointer for one field or for several.
+QString dragCursorResource(bool severalFields);
 
 } // namespace PickerCtl::fieldpicker

@@ -13,23 +13,23 @@ float clampedToZero(float value)
     return std::max(value, 0.0f);
 }
 
-float paneTop(bool captionVisible)
+float paneTop(const LayoutInput &in)
 {
-    return captionVisible ? PaneTopWithHeaders : 0.0f;
+    return in.captionVisible ? paneTopWithHeaders(in.headerHeight) : 0.0f;
 }
 
-float paneHeight(bool captionVisible, float surfaceHeight)
+float paneHeight(const LayoutInput &in)
 {
-    return clampedToZero(captionVisible ? surfaceHeight - PaneTopWithHeaders : surfaceHeight);
+    return clampedToZero(in.surfaceHeight - paneTop(in));
 }
 
 // The tree-only placement keeps the header room even without captions, so the tree never jumps
 // up when a host switches the captions off in this mode.
 void placeTreeAlone(const LayoutInput &in, LayoutResult &out)
 {
-    out.headerLeft = TwipsRect{0, 0, in.surfaceWidth, HeaderHeight};
-    out.tree = TwipsRect{0, PaneTopWithHeaders, in.surfaceWidth,
-                         clampedToZero(in.surfaceHeight - PaneTopWithHeaders)};
+    const float top = paneTopWithHeaders(in.headerHeight);
+    out.headerLeft = TwipsRect{0, 0, in.surfaceWidth, in.headerHeight};
+    out.tree = TwipsRect{0, top, in.surfaceWidth, clampedToZero(in.surfaceHeight - top)};
 }
 
 void placeTwoPanes(const LayoutInput &in, LayoutResult &out)
@@ -39,30 +39,34 @@ void placeTwoPanes(const LayoutInput &in, LayoutResult &out)
     // The bar spans the full height, headers included, and is never clamped.
     out.bar = TwipsRect{left, 0, barWidth, in.surfaceHeight};
 
-    const float height = paneHeight(in.captionVisible, in.surfaceHeight);
-    const float top = paneTop(in.captionVisible);
+    const float height = paneHeight(in);
+    const float top = paneTop(in);
 
     if (left >= in.surfaceWidth) {
         placeTreeAlone(in, out);
     } else {
-        out.headerLeft = TwipsRect{0, 0, left, HeaderHeight};
+        out.headerLeft = TwipsRect{0, 0, left, in.headerHeight};
         out.tree = TwipsRect{0, top, left, height};
     }
 
     // A bar pushed to the right edge leaves the list side with width 0 rather than off the surface.
     const float rightWidth = clampedToZero(in.surfaceWidth - left - barWidth);
-    out.headerRight = TwipsRect{left + barWidth, 0, rightWidth, HeaderHeight};
+    out.headerRight = TwipsRect{left + barWidth, 0, rightWidth, in.headerHeight};
     out.list = TwipsRect{left + barWidth, top, rightWidth, height};
 }
 
 void placeListAlone(const LayoutInput &in, LayoutResult &out)
 {
-    out.headerRight = TwipsRect{0, 0, in.surfaceWidth, HeaderHeight};
-    out.list = TwipsRect{0, paneTop(in.captionVisible), in.surfaceWidth,
-                         paneHeight(in.captionVisible, in.surfaceHeight)};
+    out.headerRight = TwipsRect{0, 0, in.surfaceWidth, in.headerHeight};
+    out.list = TwipsRect{0, paneTop(in), in.surfaceWidth, paneHeight(in)};
 }
 
 } // namespace
+
+float headerHeightFor(float lineHeight)
+{
+    return std::max(HeaderHeight, lineHeight + HeaderTextMargin);
+}
 
 LayoutResult computeLayout(const LayoutInput &in)
 {

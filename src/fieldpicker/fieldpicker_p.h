@@ -1,6 +1,9 @@
 #pragma once
 
+#include "fieldpicker/designsettings.h"
+#include "fieldpicker/fieldactions.h"
 #include "fieldpicker/fieldpicker_layout.h"
+#include "fieldpicker/fieldview.h"
 
 #include <PickerCtl/CategoryTree.h>
 #include <PickerCtl/FieldCatalog.h>
@@ -8,6 +11,7 @@
 
 #include <QCursor>
 #include <QModelIndex>
+#include <QPersistentModelIndex>
 #include <QString>
 
 #include <functional>
@@ -27,8 +31,11 @@ class Splitter;
 namespace fieldpicker {
 class CategoryTreeModel;
 class ImageList;
+class Interaction;
 }
 
+/// The widgets of the control and the wiring between them. The state of what is shown lives in
+/// `view`, the design-time settings in `design`, clipboard, ownership and deletion in `actions`.
 struct XFieldPicker::Private
 {
     explicit Private(XFieldPicker *owner);
@@ -37,9 +44,13 @@ struct XFieldPicker::Private
     // --- construction (fieldpicker.cpp) ---
     void createChildren();
     void createServices();
+    void connectTreeNotifications();
+    void connectListNotifications();
+    void createInteraction();
 
     // --- layout (fieldpicker_geometry.cpp) ---
     void layout();
+    float headerHeightTwips() const;
     void place(QWidget *widget, const std::optional<fieldpicker::TwipsRect> &twips);
     void moveBar(float left, float width);
     QRect barPixels(float left, float width) const;
@@ -50,26 +61,31 @@ struct XFieldPicker::Private
 
     // --- loading (fieldpicker_loading.cpp) ---
     void load(const QString &appNameA, const QString &categoryNameA, const QString &editorNameA);
-    CategoryTreePtr singleBranchTree(FieldCatalog &catalog, const QString &appNameA,
-                                     const QString &categoryNameA) const;
-    void buildTree(const CategoryTreePtr &tree, const QString &categoryNameA);
-    void buildCategoryNodes(const CategoryNodePtr &start, const QString &parentKey);
     QString keyToShowAfterLoad();
     void selectNode(const QModelIndex &node);
     void onTreeCurrentChanged(const QModelIndex &current);
+    void onTreeClicked(const QModelIndex &node);
     QModelIndex selectedNode() const;
     bool showsApplicationWideList() const;
     void fillList();
     void setHeader();
     void refreshView();
+    /// Refreshes the view; when the catalogue fails, logs it and shows an empty list.
+    void refreshOrShowEmpty(const char *what);
     void applyFullRowSetting();
     void onFieldsChange(qint32 ordEntity);
-    bool runGuarded(const std::function<void()> &operation);
 
-    // --- seams for the filtering rules ---
-    /// False when the busy-hour view is bounded by a cluster entity that the current category
-    /// lies outside of.
-    bool isInsideCluster() const;
+    // --- filters (fieldpicker_filters.cpp) ---
+    /// Stores a filter string and refreshes the view when it changed.
+    void setFilter(QString fieldpicker::FieldFilterValues::*member, const QString &value);
+    void selectRcvField(const QString &fieldName);
+
+    // --- events (fieldpicker_events.cpp); the menu entries raise theirs in interaction_handlers.cpp ---
+    void raiseStateChange();
+
+    /// Runs an operation that Qt or the host calls so that nothing it throws gets out: a failure
+    /// is logged and answered with false.
+    bool runGuarded(const char *what, const std::function<void()> &operation) const;
 
     void notify(const char *key) const;
 
@@ -90,32 +106,16 @@ struct XFieldPicker::Private
     QCursor singleFieldDragCursor;
     QCursor multipleFieldsDragCursor;
 
-    ETPLSingleBranch singleBranch = tplNormal;
-    ETPLRootLbl rootLbl = tplEntities;
-    ETPLTemplateView templateView = tplTreeAndList;
-    bool captionVisible = false;
-    bool allowContextMenu = false;
-    bool allowOpenMenu = false;
-    QString openMenuCaption;
-    bool showAll = false;
-    bool showEntityFld = false;
-    bool dataValid = false;
+    fieldpicker::DesignSettings design;
+    fieldpicker::FieldView view;
+    fieldpicker::FieldActions actions;
 
     QString appName;
+    // False when the catalogue gave no tree to show (none at all, or no branch to a category it
+    // did not know), so that the next Load of the application builds the tree anew.
+    bool treeHoldsApp = false;
     QString editorName;
-    QString clipboardFormatName;
-    FieldCategoryPtr currentCategory;
-    quint16 clipboardFormatId = 0;
-    FieldClipDataPtr clipData;
-    FieldClipDataPtr dragClipData;
-
-    QString techFilter;
-    QString fieldTypeFilter;
-    QString ownerFilter;
-    QString nameFilter;
-    QString rcvFormFilter;
-    QString rcvFieldFilter;
-    bool useForBusyHour = false;
+    bool dataValid = false;
 
     // The measures in twips as last put, so that a get right after a put returns the very value;
     // once the bar or the tree has been moved in pixels the gets convert from there.
@@ -126,7 +126,14 @@ struct XFieldPicker::Private
     std::shared_ptr<AppGeneralState> appGeneralState;
     std::shared_ptr<FieldUpdates> fldUpdates;
 
+    QObject *treeWatcher = nullptr;
     bool selectingNode = false;
+    // The node a mouse press made current; the click that ends that press selects nothing more.
+    QPersistentModelIndex nodeSelectedByPress;
+    bool treePressed = false;
+
+    // Menus, keys, node images and dragging; made last, since it works on all of the above.
+    std::unique_ptr<fieldpicker::Interaction> interaction;
 };
 
 } // namespace PickerCtl

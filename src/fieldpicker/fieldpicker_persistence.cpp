@@ -23,11 +23,11 @@ constexpr float DefaultSplitterLeft = 3000.0f;
 constexpr bool DefaultHideSelection = true;
 constexpr bool DefaultUseForBusyHour = false;
 constexpr bool DefaultMultiSelect = true;
-constexpr auto DefaultCaption = "Entity Hierarchy";
+constexpr auto DefaultCaption = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Entity Hierarchy");
 constexpr bool DefaultAllowContextMenu = false;
 constexpr bool DefaultAllowDragDrop = true;
 constexpr bool DefaultAllowOpenMenu = false;
-constexpr auto DefaultOpenMenuCaption = "Open Editor";
+constexpr auto DefaultOpenMenuCaption = QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Open Editor");
 constexpr bool DefaultShowEntityFld = false;
 constexpr bool DefaultShowAll = false;
 
@@ -55,7 +55,8 @@ Persisted persisted(const char *key, std::function<T(const XFieldPicker &)> get,
             try {
                 if (const std::optional<T> value = readAs<T>(bag, QLatin1String(key), defaultValue(picker)))
                     set(picker, *value);
-            } catch (const std::exception &) {
+            } catch (...) {
+                // A host's bag may throw anything; the key keeps the current value all the same.
             }
         },
         [key, get, defaultValue](const XFieldPicker &picker, PropertyBag &bag) {
@@ -70,9 +71,10 @@ std::function<T(const XFieldPicker &)> fixed(T value)
     return [value](const XFieldPicker &) { return value; };
 }
 
-std::function<QString(const XFieldPicker &)> fixedText(const char *text)
+// A default caption is compared in the current language, so a caption left at it follows the language.
+std::function<QString(const XFieldPicker &)> translatedText(const char *text)
 {
-    return [text](const XFieldPicker &) { return QString::fromLatin1(text); };
+    return [text](const XFieldPicker &) { return XFieldPicker::tr(text); };
 }
 
 template<class Enum>
@@ -106,7 +108,7 @@ Persisted persistedText(const char *key, QString (XFieldPicker::*get)() const,
 {
     return persisted<QString>(
         key, [get](const XFieldPicker &p) { return (p.*get)(); },
-        [set](XFieldPicker &p, const QString &v) { (p.*set)(v); }, fixedText(defaultValue));
+        [set](XFieldPicker &p, const QString &v) { (p.*set)(v); }, translatedText(defaultValue));
 }
 
 // Colours travel as OLE colour numbers, 32-bit, like the enumerations.

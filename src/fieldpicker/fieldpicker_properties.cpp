@@ -26,17 +26,17 @@ void XFieldPicker::Private::notify(const char *key) const
 
 ETPLSingleBranch XFieldPicker::SingleBranch() const
 {
-    return d->singleBranch;
+    return d->design.singleBranch;
 }
 
 void XFieldPicker::setSingleBranch(ETPLSingleBranch mode)
 {
-    d->singleBranch = mode;
+    d->design.singleBranch = mode;
 }
 
 QString XFieldPicker::RootLabel() const
 {
-    switch (d->rootLbl) {
+    switch (d->design.rootLbl) {
     case tplEntities:
         return QLatin1String(RootLabelEntities);
     case tplGeneric:
@@ -48,23 +48,23 @@ QString XFieldPicker::RootLabel() const
 
 ETPLRootLbl XFieldPicker::RootLbl() const
 {
-    return d->rootLbl;
+    return d->design.rootLbl;
 }
 
 // Persisted under "RootLabel", yet its put tells the host nothing; hosts rely on both.
 void XFieldPicker::setRootLbl(ETPLRootLbl mode)
 {
-    d->rootLbl = mode;
+    d->design.rootLbl = mode;
 }
 
 ETPLTemplateView XFieldPicker::TemplateView() const
 {
-    return d->templateView;
+    return d->design.templateView;
 }
 
 void XFieldPicker::setTemplateView(ETPLTemplateView mode)
 {
-    if (mode == d->templateView)
+    if (mode == d->design.templateView)
         return;
     if (mode == tplTreeOnly) {
         d->tvw->setVisible(true);
@@ -77,10 +77,10 @@ void XFieldPicker::setTemplateView(ETPLTemplateView mode)
         // the list back by itself.
         const bool twoPanes = mode == tplTreeAndList;
         d->tvw->setVisible(twoPanes);
-        d->lblHeaderLeft->setVisible(twoPanes && d->captionVisible);
+        d->lblHeaderLeft->setVisible(twoPanes && d->design.captionVisible);
         d->lblSplitter->setVisible(twoPanes);
     }
-    d->templateView = mode;
+    d->design.templateView = mode;
     d->layout();
     d->notify(KeyTemplateView);
 }
@@ -137,42 +137,42 @@ void XFieldPicker::setEnabled(bool on)
 
 bool XFieldPicker::CaptionVisible() const
 {
-    return d->captionVisible;
+    return d->design.captionVisible;
 }
 
 void XFieldPicker::setCaptionVisible(bool visible)
 {
     d->lblHeaderRight->setVisible(visible);
-    if (d->templateView == tplTreeAndList) {
+    if (d->design.templateView == tplTreeAndList) {
         d->lblHeaderLeft->setVisible(visible);
-    } else if (d->templateView == tplTreeOnly) {
+    } else if (d->design.templateView == tplTreeOnly) {
         d->lblHeaderLeft->setVisible(visible);
         d->lblHeaderRight->setVisible(false);
     }
-    d->captionVisible = visible;
+    d->design.captionVisible = visible;
     d->layout();
     d->notify(KeyCaptionVisible);
 }
 
 bool XFieldPicker::AllowContextMenu() const
 {
-    return d->allowContextMenu;
+    return d->design.allowContextMenu;
 }
 
 void XFieldPicker::setAllowContextMenu(bool allow)
 {
-    d->allowContextMenu = allow;
+    d->design.allowContextMenu = allow;
     d->notify(KeyContextMenu);
 }
 
 bool XFieldPicker::AllowOpenMenu() const
 {
-    return d->allowOpenMenu;
+    return d->design.allowOpenMenu;
 }
 
 void XFieldPicker::setAllowOpenMenu(bool allow)
 {
-    d->allowOpenMenu = allow;
+    d->design.allowOpenMenu = allow;
     d->notify(KeyAllowOpenMenu);
 }
 
@@ -189,23 +189,23 @@ void XFieldPicker::setAllowDragDrop(bool allow)
 
 QString XFieldPicker::OpenMenuCaption() const
 {
-    return d->openMenuCaption;
+    return d->design.openMenuCaption;
 }
 
 void XFieldPicker::setOpenMenuCaption(const QString &caption)
 {
-    d->openMenuCaption = caption;
+    d->design.openMenuCaption = caption;
     d->notify(KeyOpenMenuCaption);
 }
 
 bool XFieldPicker::ShowAll() const
 {
-    return d->showAll;
+    return d->design.showAll;
 }
 
 void XFieldPicker::setShowAll(bool showAll)
 {
-    d->showAll = showAll;
+    d->design.showAll = showAll;
     d->notify(KeyShowAll);
 }
 
@@ -217,19 +217,19 @@ bool XFieldPicker::MultiSelect() const
 void XFieldPicker::setMultiSelect(bool on)
 {
     d->stl->setMultiSelect(on);
-    if (d->useForBusyHour && on)
+    if (d->view.filters().useForBusyHour && on)
         setUseForBusyHour(false);
     d->notify(KeyMultiSelect);
 }
 
 bool XFieldPicker::ShowEntityFld() const
 {
-    return d->showEntityFld;
+    return d->design.showEntityFld;
 }
 
 void XFieldPicker::setShowEntityFld(bool show)
 {
-    d->showEntityFld = show;
+    d->design.showEntityFld = show;
     d->notify(KeyShowEntityField);
 }
 
@@ -324,12 +324,12 @@ qint32 XFieldPicker::ListCount() const
 
 quint16 XFieldPicker::ClipBoardFormatId() const
 {
-    return d->clipboardFormatId;
+    return d->actions.clipboardFormatId();
 }
 
 FieldClipDataPtr XFieldPicker::ClipBoardData() const
 {
-    return d->clipData;
+    return d->actions.clipData();
 }
 
 qint32 XFieldPicker::SelectionCount() const
@@ -348,7 +348,7 @@ void XFieldPicker::setFrozen(bool frozen)
         return;
     HostSite::setRedraw(d->tvw, !frozen);
     d->stl->setFrozen(frozen);
-    Q_EMIT StateChange();
+    d->raiseStateChange();
 }
 
 PropertyStorePtr XFieldPicker::Properties() const
@@ -359,30 +359,6 @@ PropertyStorePtr XFieldPicker::Properties() const
 void XFieldPicker::setProperties(const PropertyStorePtr &store)
 {
     d->stl->setProperties(store);
-}
-
-bool XFieldPicker::HideSelection() const
-{
-    return d->stl->HideSelection();
-}
-
-void XFieldPicker::setHideSelection(bool on)
-{
-    d->stl->setHideSelection(on);
-    d->notify(KeyHideSelection);
-}
-
-bool XFieldPicker::UseForBusyHour() const
-{
-    return d->useForBusyHour;
-}
-
-void XFieldPicker::setUseForBusyHour(bool on)
-{
-    d->useForBusyHour = on;
-    if (on && MultiSelect())
-        setMultiSelect(false);
-    d->notify(KeyUseForBusyHour);
 }
 
 } // namespace PickerCtl

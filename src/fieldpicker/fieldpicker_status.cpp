@@ -7,7 +7,8 @@ namespace PickerCtl {
 
 namespace {
 
-constexpr auto HierarchyIncompleteStatus = "Hierarchy incomplete (Load failed/cancelled).";
+constexpr auto HierarchyIncompleteStatus =
+    QT_TRANSLATE_NOOP("PickerCtl::XFieldPicker", "Hierarchy incomplete (Load failed/cancelled).");
 
 // The active child of the surface: the focused widget, or the child of the surface that holds it.
 bool isActiveChild(const QWidget *surface, const QWidget *child)
@@ -23,14 +24,15 @@ bool isActiveChild(const QWidget *surface, const QWidget *child)
 
 } // namespace
 
+// The properties store belongs to the application; a store that fails keeps the column layout as it is.
 void XFieldPicker::LoadProperties()
 {
-    d->stl->LoadProperties();
+    d->runGuarded("reading the column layout", [this] { d->stl->LoadProperties(); });
 }
 
 void XFieldPicker::SaveProperties()
 {
-    d->stl->SaveProperties();
+    d->runGuarded("saving the column layout", [this] { d->stl->SaveProperties(); });
 }
 
 void XFieldPicker::CustomizeColumnSort()
@@ -75,14 +77,14 @@ bool XFieldPicker::IsSelectionEmpty() const
 
 bool XFieldPicker::IsAtRoot() const
 {
-    return !d->currentCategory;
+    return !d->view.currentCategory();
 }
 
 QString XFieldPicker::GetStatus() const
 {
     if (IsDataValid())
         return d->stl->StatusText();
-    return QLatin1String(HierarchyIncompleteStatus);
+    return tr(HierarchyIncompleteStatus);
 }
 
 } // namespace PickerCtl

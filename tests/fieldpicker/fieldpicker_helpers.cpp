@@ -83,6 +83,90 @@ FieldCategoryPtr FailingCatalog::GetCategory(const QString &appName, const QStri
     return MemoryCatalog::GetCategory(appName, categoryName);
 }
 
+void FailingCatalog::fail(const char *what) const
+{
+    if (throwForeign)
+        throw 42;
+    throw CatalogError(QString::fromLatin1(what));
+}
+
+void FailingCatalog::DeleteFields(const FieldsPtr &fields, const FieldsPtr &exceptions)
+{
+    if (failDelete)
+        fail("The fields cannot be deleted.");
+    MemoryCatalog::DeleteFields(fields, exceptions);
+}
+
+void FailingCatalog::ChangeOwner(const FieldsPtr &fields, const QVariant &owner)
+{
+    if (failOwner)
+        fail("The owner cannot be changed.");
+    MemoryCatalog::ChangeOwner(fields, owner);
+}
+
+CategoryTreePtr FailingCatalog::NewCategoryTree(const QString &appName)
+{
+    return nullNewTree ? nullptr : MemoryCatalog::NewCategoryTree(appName);
+}
+
+FieldClipDataPtr FailingCatalog::NewClipData(bool primary)
+{
+    if (failServices)
+        fail("No clipboard payload.");
+    return MemoryCatalog::NewClipData(primary);
+}
+
+PropertyStorePtr FailingCatalog::GetProperties()
+{
+    if (failServices)
+        fail("No properties store.");
+    return MemoryCatalog::GetProperties();
+}
+
+std::shared_ptr<FieldUpdates> FailingCatalog::GetFieldUpdates()
+{
+    if (failServices)
+        fail("No field updates.");
+    return MemoryCatalog::GetFieldUpdates();
+}
+
+EventLog::EventLog(XFieldPicker &picker)
+{
+    auto record = [this](const char *name) { return [this, name] { names.append(QLatin1String(name)); }; };
+    connect(&picker, &XFieldPicker::SplitterAdjustment, this, record("SplitterAdjustment"));
+    connect(&picker, &XFieldPicker::StateChange, this, record("StateChange"));
+    connect(&picker, &XFieldPicker::Change, this, record("Change"));
+    connect(&picker, &XFieldPicker::HandleContextMenu, this, record("HandleContextMenu"));
+    connect(&picker, &XFieldPicker::DblClick, this, [this](const FieldPtr &fld, const QString &category) {
+        names.append(QStringLiteral("DblClick"));
+        lastField = fld;
+        lastCategoryName = category;
+    });
+    connect(&picker, &XFieldPicker::ItemClick, this, [this](const FieldPtr &fld) {
+        names.append(QStringLiteral("ItemClick"));
+        lastField = fld;
+    });
+    connect(&picker, &XFieldPicker::CategoryClick, this,
+            [this](const FieldCategoryPtr &) { names.append(QStringLiteral("CategoryClick")); });
+    connect(&picker, &XFieldPicker::Delete, this, [this](const FieldsPtr &flds) {
+        names.append(QStringLiteral("Delete"));
+        lastFields = flds;
+    });
+    connect(&picker, &XFieldPicker::Edit, this, [this](const FieldsPtr &flds) {
+        names.append(QStringLiteral("Edit"));
+        lastFields = flds;
+    });
+    connect(&picker, &XFieldPicker::NewExpression, this, [this](const QString &category) {
+        names.append(QStringLiteral("NewExpression"));
+        lastCategoryName = category;
+    });
+    connect(&picker, &XFieldPicker::OpenEditor, this, [this](const FieldsPtr &flds, const QString &category) {
+        names.append(QStringLiteral("OpenEditor"));
+        lastFields = flds;
+        lastCategoryName = category;
+    });
+}
+
 ServicesScope::ServicesScope(std::shared_ptr<FieldCatalog> catalog, bool entityView)
     : m_services(std::make_shared<CursorLogServices>())
 {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/XFieldPicker.h>
 #include <PickerCtl/testing/CursorLog.h>
+
+#include <QStringList>
 
 #include <memory>
 
@@ -39,9 +42,37 @@ class FailingCatalog : public MemoryCatalog
 public:
     bool failTree = false;
     bool failCategory = false;
+    bool failDelete = false;
+    bool failOwner = false;
+    /// The services a control asks for while it is created.
+    bool failServices = false;
+    /// NewCategoryTree answers null.
+    bool nullNewTree = false;
+    /// Failing calls throw an int instead of a CatalogError.
+    bool throwForeign = false;
 
     CategoryTreePtr GetCategoryTree(const QString &appName) override;
     FieldCategoryPtr GetCategory(const QString &appName, const QString &categoryName) override;
+    void DeleteFields(const FieldsPtr &fields, const FieldsPtr &exceptions) override;
+    void ChangeOwner(const FieldsPtr &fields, const QVariant &owner) override;
+    CategoryTreePtr NewCategoryTree(const QString &appName) override;
+    FieldClipDataPtr NewClipData(bool primary) override;
+    PropertyStorePtr GetProperties() override;
+    std::shared_ptr<FieldUpdates> GetFieldUpdates() override;
+
+private:
+    [[noreturn]] void fail(const char *what) const;
+};
+
+/// Records the events of a control by name, in the order they were raised.
+class EventLog : public QObject
+{
+public:
+    explicit EventLog(XFieldPicker &picker);
+    QStringList names;
+    FieldPtr lastField;
+    FieldsPtr lastFields;
+    QString lastCategoryName;
 };
 
 /// Installs a catalogue and cursor-logging services for the test's lifetime.

@@ -22,9 +22,10 @@ QString describe(const Rect &r)
     return QStringLiteral("(%1, %2, %3, %4)").arg(r->left).arg(r->top).arg(r->width).arg(r->height);
 }
 
-LayoutInput input(qint32 mode, bool captions, float left, float width, float sw, float sh)
+LayoutInput input(qint32 mode, bool captions, float left, float width, float sw, float sh,
+                  float headerHeight = HeaderHeight)
 {
-    return LayoutInput{mode, captions, left, width, sw, sh};
+    return LayoutInput{mode, captions, left, width, sw, sh, headerHeight};
 }
 
 } // namespace
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void shouldPlaceEveryPieceExactly_data();
     void shouldPlaceEveryPieceExactly();
     void shouldPlaceNothingForAnUnknownMode();
+    void shouldGrowTheHeaderOnlyForALargeFont_data();
+    void shouldGrowTheHeaderOnlyForALargeFont();
 };
 
 void TestFieldPickerLayout::shouldPlaceEveryPieceExactly_data()
@@ -95,6 +98,31 @@ void TestFieldPickerLayout::shouldPlaceEveryPieceExactly_data()
         << input(tplTreeOnly, true, 3000, 64, 6000, 200)
         << LayoutResult{untouched, TwipsRect{0, 0, 6000, 255}, TwipsRect{0, 285, 6000, 0},
                         untouched, untouched};
+
+    // A header grown for a large font pushes the panes down by as much; the gap stays 30.
+    QTest::newRow("two panes, taller header: panes start under it")
+        << input(tplTreeAndList, true, 3000, 64, 6000, 4000, 420)
+        << LayoutResult{TwipsRect{3000, 0, 64, 4000}, TwipsRect{0, 0, 3000, 420},
+                        TwipsRect{0, 450, 3000, 3550}, TwipsRect{3064, 0, 2936, 420},
+                        TwipsRect{3064, 450, 2936, 3550}};
+    QTest::newRow("two panes, taller header, captions hidden: panes still at the top")
+        << input(tplTreeAndList, false, 3000, 64, 6000, 4000, 420)
+        << LayoutResult{TwipsRect{3000, 0, 64, 4000}, TwipsRect{0, 0, 3000, 420},
+                        TwipsRect{0, 0, 3000, 4000}, TwipsRect{3064, 0, 2936, 420},
+                        TwipsRect{3064, 0, 2936, 4000}};
+    QTest::newRow("bar pushed out, taller header: the lone tree keeps the taller room")
+        << input(tplTreeAndList, false, 7000, 64, 6000, 4000, 420)
+        << LayoutResult{TwipsRect{7000, 0, 64, 4000}, TwipsRect{0, 0, 6000, 420},
+                        TwipsRect{0, 450, 6000, 3550}, TwipsRect{7064, 0, 0, 420},
+                        TwipsRect{7064, 0, 0, 4000}};
+    QTest::newRow("list only, taller header")
+        << input(tplListOnly, true, 3000, 64, 6000, 4000, 420)
+        << LayoutResult{untouched, untouched, untouched, TwipsRect{0, 0, 6000, 420},
+                        TwipsRect{0, 450, 6000, 3550}};
+    QTest::newRow("tree only, taller header, surface lower than the header room")
+        << input(tplTreeOnly, true, 3000, 64, 6000, 400, 420)
+        << LayoutResult{untouched, TwipsRect{0, 0, 6000, 420}, TwipsRect{0, 450, 6000, 0},
+                        untouched, untouched};
 }
 
 void TestFieldPickerLayout::shouldPlaceEveryPieceExactly()
@@ -117,6 +145,25 @@ void TestFieldPickerLayout::shouldPlaceNothingForAnUnknownMode()
 {
     const LayoutResult got = computeLayout(input(7, true, 3000, 64, 6000, 4000));
     QVERIFY(!got.bar && !got.headerLeft && !got.tree && !got.headerRight && !got.list);
+}
+
+void TestFieldPickerLayout::shouldGrowTheHeaderOnlyForALargeFont_data()
+{
+    QTest::addColumn<float>("lineHeight");
+    QTest::addColumn<float>("expected");
+
+    QTest::newRow("small font keeps the designed 255") << 150.0f << 255.0f;
+    QTest::newRow("normal font keeps the designed 255") << 225.0f << 255.0f;
+    QTest::newRow("line plus margin exactly 255 keeps 255") << 240.0f << 255.0f;
+    QTest::newRow("one twip more than fits grows by one twip") << 241.0f << 256.0f;
+    QTest::newRow("15 pt line gets the line and the margin") << 390.0f << 405.0f;
+}
+
+void TestFieldPickerLayout::shouldGrowTheHeaderOnlyForALargeFont()
+{
+    QFETCH(float, lineHeight);
+    QFETCH(float, expected);
+    QCOMPARE(headerHeightFor(lineHeight), expected);
 }
 
 QTEST_GUILESS_MAIN(TestFieldPickerLayout)

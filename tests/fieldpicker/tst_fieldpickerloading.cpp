@@ -132,8 +132,7 @@ private Q_SLOTS:
     void shouldNameTheKindOfFieldsByTheEditor();
     void shouldSelectCategoriesByNameAndFallBackToTheSelectedNode();
     void shouldLeaveTheListAloneInTreeOnlyMode();
-    void shouldRegisterTheClipboardFormatOfApplicationAndEditor();
-    void shouldApplyTheFullRowSettingOfTheApplication();
+    void shouldTakeTheClipboardFormatAndFullRowSettingFromTheLoad();
 };
 
 void TestFieldPickerLoading::shouldBuildTheTreeOfTheCatalogue_data()
@@ -460,21 +459,9 @@ void TestFieldPickerLoading::shouldLeaveTheListAloneInTreeOnlyMode()
     QCOMPARE(picker.ListCount(), 0);
 }
 
-void TestFieldPickerLoading::shouldRegisterTheClipboardFormatOfApplicationAndEditor()
+void TestFieldPickerLoading::shouldTakeTheClipboardFormatAndFullRowSettingFromTheLoad()
 {
-    ServicesScope scope(makeSampleCatalog());
-    XFieldPicker picker;
-    QCOMPARE(picker.ClipBoardFormatId(), quint16(0));
-
-    QVERIFY(picker.Load(QLatin1String(ReportsApp), QStringLiteral("Cell"), QStringLiteral("Fields")));
-
-    const QString name = QStringLiteral("Reports:Fields:%1").arg(currentThreadId());
-    QVERIFY(picker.ClipBoardFormatId() >= FirstClipboardFormatId);
-    QCOMPARE(ClipboardFormats::Name(picker.ClipBoardFormatId()), name);
-}
-
-void TestFieldPickerLoading::shouldApplyTheFullRowSettingOfTheApplication()
-{
+    // Given an application whose settings ask for full-row selection
     auto catalog = makeSampleCatalog();
     auto store = std::make_shared<MemoryPropertyStore>();
     store->SetItem(QStringLiteral("Full Row Selection"), true);
@@ -482,10 +469,16 @@ void TestFieldPickerLoading::shouldApplyTheFullRowSettingOfTheApplication()
     ServicesScope scope(catalog);
     XFieldPicker picker;
     picker.InitProperties();
+    QCOMPARE(picker.ClipBoardFormatId(), quint16(0));
     QVERIFY(!picker.FullRowSelect());
 
-    QVERIFY(picker.Load(QLatin1String(ReportsApp), QStringLiteral("Cell")));
+    // When it loads with an editor
+    QVERIFY(picker.Load(QLatin1String(ReportsApp), QStringLiteral("Cell"), QStringLiteral("Fields")));
 
+    // Then the format of application and editor is registered and the setting applied
+    const QString name = QStringLiteral("Reports:Fields:%1").arg(currentThreadId());
+    QVERIFY(picker.ClipBoardFormatId() >= FirstClipboardFormatId);
+    QCOMPARE(ClipboardFormats::Name(picker.ClipBoardFormatId()), name);
     QVERIFY(picker.FullRowSelect());
 }
 
