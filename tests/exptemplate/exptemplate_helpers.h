@@ -1,0 +1,82 @@
+#pragma once
+
+#include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/TemplateFields.h>
+#include <PickerCtl/testing/CursorLog.h>
+#include <PickerCtl/testing/ScriptedMessageService.h>
+
+#include <QStringList>
+#include <memory>
+
+namespace PickerCtl {
+class XExpTemplate;
+class XStaticList;
+}
+
+namespace TemplateTest {
+
+inline const QString App = QStringLiteral("Reports");
+inline const QString EmptyApp = QStringLiteral("Empty");
+inline const QString WarnKey = QStringLiteral("Warn on Multiple TechTypes");
+
+/**
+ * The catalogue the template tests search, application "Reports":
+ *
+ *   Network (root)
+ *   +- Cell      F1 "Cell Attempts"  CNT  mask "A"
+ *   |            F2 "Cell Drops"     CNT  mask "B"
+ *   |            F3 "Cell Load"      CNT  mask "AB"
+ *   |            F4 "Drop Rate"      EXP  mask "A",  valid
+ *   |            F5 "Bad Rate"       EXP  mask "A",  not validated
+ *   |            F6 "Handover"       CNT  mask ""
+ *   +- Traffic   F7 "Traffic Volume" CNT  mask "C"
+ *                F8 "Traffic Errors" UDC  mask "C",  not validated
+ *
+ * Technologies "Tech A" (code A), "Tech B" (B), "Tech C" (C); field types CNT "Counter",
+ * EXP "Expression", UDC "User Calculation". Application "Empty" has no categories.
+ */
+std::shared_ptr<PickerCtl::MemoryCatalog> makeCatalog();
+
+/// Installs a catalogue, cursor-logging services and a scripted message box for a test's life.
+class Services
+{
+public:
+    explicit Services(std::shared_ptr<PickerCtl::MemoryCatalog> catalog = makeCatalog());
+    ~Services();
+
+    PickerCtl::MemoryCatalog &catalog() const { return *m_catalog; }
+    PickerCtl::CursorLog &cursor() const { return *m_services->log(); }
+    PickerCtl::ScriptedMessageService &messages() const { return *m_messages; }
+
+private:
+    std::shared_ptr<PickerCtl::MemoryCatalog> m_catalog;
+    std::shared_ptr<PickerCtl::CursorLogServices> m_services;
+    std::shared_ptr<PickerCtl::ScriptedMessageService> m_messages;
+};
+
+/// The named child of the editor; fails the test's QVERIFY when absent.
+template<typename T>
+T *child(const PickerCtl::XExpTemplate &editor, const char *name);
+
+PickerCtl::XStaticList *available(const PickerCtl::XExpTemplate &editor);
+PickerCtl::XStaticList *selected(const PickerCtl::XExpTemplate &editor);
+
+/// The names of the list's fields in display order, joined by "|".
+QString names(const PickerCtl::XStaticList &list);
+/// Selects the fields with these names in the list (by key of the field found by name).
+void selectByName(PickerCtl::XStaticList &list, const QStringList &fieldNames);
+
+/// A template of the catalogue's fields with these names, each item with flag false and code "X".
+PickerCtl::TemplateFieldsPtr templateOf(const PickerCtl::MemoryCatalog &catalog, const QStringList &fieldNames);
+/// Names of the template's fields in order, joined by "|".
+QString names(const PickerCtl::TemplateFieldsPtr &tplfs);
+
+} // namespace TemplateTest
+
+#include <PickerCtl/XExpTemplate.h>
+
+template<typename T>
+T *TemplateTest::child(const PickerCtl::XExpTemplate &editor, const char *name)
+{
+    return editor.findChild<T *>(QLatin1String(name));
+}
