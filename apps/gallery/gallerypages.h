@@ -22,3 +22,4 @@ QWidget *makeCatalogPage(const GalleryContext &context);
 QWidget *makeWidgetKitPage(const GalleryContext &context);
 QWidget *makeFieldPickerPage(const GalleryContext &context);
 QWidget *makeFiltersPage(const GalleryContext &context);
+QWidget *makeTemplatesPage(const GalleryContext &context);

@@ -1,5 +1,7 @@
 #include "gallerywindow.h"
 
+#include <PickerCtl/SqlCatalog.h>
+
 #include <QTabWidget>
 
 namespace {
@@ -18,6 +20,7 @@ const PageEntry Pages[] = {
     {"widgetkit", "Widget Kit", makeWidgetKitPage},
     {"fieldpicker", "Field Picker", makeFieldPickerPage},
     {"filters", "Filters", makeFiltersPage},
+    {"templates", "Templates", makeTemplatesPage},
 };
 
 } // namespace
@@ -25,7 +28,7 @@ const PageEntry Pages[] = {
 GalleryWindow::GalleryWindow(const GalleryContext &context, QWidget *parent)
     : QMainWindow(parent), m_tabs(new QTabWidget(this))
 {
-    setWindowTitle(WindowTitle.arg(context.sourcePath));
+    setWindowTitle(WindowTitle.arg(PickerCtl::maskedLocation(context.sourcePath)));
     m_tabs->setObjectName(QStringLiteral("tabs"));
     m_tabs->setDocumentMode(true);
     for (const PageEntry &entry : Pages) {

@@ -26,6 +26,8 @@ const auto NoApplications = QStringLiteral("The catalogue \"%1\" has no applicat
 const auto UnknownApplication = QStringLiteral("The catalogue has no application named \"%1\".");
 const auto UnknownPage = QStringLiteral("There is no page \"%1\"; the pages are: %2.");
 const auto BadSize = QStringLiteral("\"%1\" is not a window size; write it as WIDTHxHEIGHT, e.g. 1200x800.");
+const auto SizeTooSmall = QStringLiteral(
+    "The window cannot be %1x%2: with this font the gallery needs at least %3x%4.");
 const auto ScreenshotFailed = QStringLiteral("The screenshot could not be saved to \"%1\".");
 const QSize DefaultSize(1200, 800);
 // Long enough for the pages' first layouts and deferred fills to finish before the grab.
@@ -129,7 +131,7 @@ int main(int argc, char *argv[])
         context.catalog = PickerCtl::SqlCatalog::open(context.sourcePath);
         const QStringList apps = context.catalog->Applications();
         if (apps.isEmpty())
-            return fail(NoApplications.arg(context.sourcePath), interactive);
+            return fail(NoApplications.arg(PickerCtl::maskedLocation(context.sourcePath)), interactive);
         context.appName = options.app.isEmpty() ? apps.first() : options.app;
         if (!apps.contains(context.appName))
             return fail(UnknownApplication.arg(context.appName), interactive);
@@ -145,6 +147,14 @@ int main(int argc, char *argv[])
 
     if (!options.page.isEmpty() && !window->selectPage(options.page)) {
         return fail(UnknownPage.arg(options.page, GalleryWindow::pageNames().join(QStringLiteral(", "))),
+                    interactive);
+    }
+    // A window smaller than its pages allow would be enlarged by the window system; say so instead
+    // of handing back a screenshot of another size than the one asked for.
+    const QSize smallest = window->minimumSizeHint().expandedTo(window->minimumSize());
+    if (options.size.width() < smallest.width() || options.size.height() < smallest.height()) {
+        return fail(SizeTooSmall.arg(options.size.width()).arg(options.size.height())
+                        .arg(smallest.width()).arg(smallest.height()),
                     interactive);
     }
     window->resize(options.size);

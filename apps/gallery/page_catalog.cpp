@@ -2,6 +2,7 @@
 #include "gallerypages.h"
 
 #include <PickerCtl/FieldCategory.h>
+#include <PickerCtl/SqlCatalog.h>
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -145,7 +146,7 @@ QWidget *makeCatalogPage(const GalleryContext &context)
     auto *source = new QWidget;
     auto *form = new QFormLayout(source);
     form->setContentsMargins(0, 0, 0, 0);
-    auto *lblSource = new QLabel(context.sourcePath);
+    auto *lblSource = new QLabel(PickerCtl::maskedLocation(context.sourcePath));
     lblSource->setObjectName(QStringLiteral("lblSource"));
     lblSource->setTextInteractionFlags(Qt::TextSelectableByMouse);
     lblSource->setWordWrap(true);

@@ -1,7 +1,11 @@
-// The field browser on the sample catalogue, with a tool strip for its view and tree modes.
+// The field browser on the sample catalogue as a host uses it: a tool strip for its view and tree
+// modes, the filters, the actions on the selection and a log of every event it raises.
+#include "fieldpicker_eventlog.h"
+#include "fieldpicker_filterbar.h"
 #include "gallerypages.h"
 
 #include <PickerCtl/AppServices.h>
+#include <PickerCtl/UserContext.h>
 #include <PickerCtl/XFieldPicker.h>
 
 #include <QCheckBox>
@@ -9,6 +13,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -32,6 +38,30 @@ const QStringList ViewModes{QStringLiteral("Tree and list"), QStringLiteral("Lis
 const QStringList RootModes{QStringLiteral("Entities"), QStringLiteral("Generic")};
 const QStringList BranchModes{QStringLiteral("Whole tree"), QStringLiteral("Single branch"),
                               QStringLiteral("Single branch with children")};
+
+constexpr int EventLogShare = 1;
+constexpr int BrowserShare = 3;
+constexpr int PaneUnit = 300;
+
+QPushButton *makeButton(const char *name, const QString &text, const QString &tip)
+{
+    auto *button = new QPushButton(text);
+    button->setObjectName(QLatin1String(name));
+    button->setToolTip(tip);
+    button->setEnabled(false);
+    return button;
+}
+
+// The user may change the catalogue: in the entity view with the field-modification right,
+// otherwise unless read-only; as the browser's own menus decide.
+bool userMayEdit()
+{
+    const auto context = UserContext::instance();
+    const CurrentUserPtr user = context ? context->CurrentUser() : nullptr;
+    if (!user)
+        return false;
+    return AppServices::instance()->UseEntityView() ? user->CanModifyFields() : !user->IsReadOnly();
+}
 
 QComboBox *makeChoice(const char *name, const QStringList &entries)
 {
@@ -72,12 +102,51 @@ public:
         strip->addWidget(m_showAll);
         strip->addStretch();
 
+        m_filters = new FieldPickerFilterBar(m_context.catalog, m_context.appName);
+
+        auto *actions = new QHBoxLayout;
+        m_copy = makeButton("cmdCopy", tr("&Copy"), tr("Copy the selected fields to the clipboard"));
+        m_delete = makeButton("cmdDelete", tr("&Delete"), tr("Delete the selected fields from the catalogue"));
+        m_changeOwner = makeButton("cmdChangeOwner", tr("Change &owner..."),
+                                   tr("Give the selected fields another owner"));
+        actions->addWidget(m_copy);
+        actions->addWidget(m_delete);
+        actions->addWidget(m_changeOwner);
+        actions->addStretch();
+        connect(m_copy, &QPushButton::clicked, this, [this] {
+            if (m_picker)
+                m_picker->Copy();
+        });
+        connect(m_delete, &QPushButton::clicked, this, [this] { deleteSelection(); });
+        connect(m_changeOwner, &QPushButton::clicked, this, [this] {
+            if (m_picker)
+                m_picker->ChangeSelectionOwnership();
+        });
+
         m_status = new QLabel;
         m_status->setObjectName(QStringLiteral("lblStatus"));
         m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
+        m_browserPane = new QWidget;
+        m_browserPane->setObjectName(QStringLiteral("fraBrowser"));
+        m_browserLayout = new QVBoxLayout(m_browserPane);
+        m_browserLayout->setContentsMargins(0, 0, 0, 0);
+        m_events = new FieldPickerEventLog;
+        auto *panes = new QSplitter(Qt::Horizontal);
+        panes->setObjectName(QStringLiteral("splPanes"));
+        panes->addWidget(m_browserPane);
+        panes->addWidget(m_events);
+        panes->setStretchFactor(0, BrowserShare);
+        panes->setStretchFactor(1, EventLogShare);
+        panes->setCollapsible(0, false);
+        // The browser is created later and asks for no room of its own; share the width now.
+        panes->setSizes({BrowserShare * PaneUnit, EventLogShare * PaneUnit});
+
         m_layout = new QVBoxLayout(this);
         m_layout->addLayout(strip);
+        m_layout->addWidget(m_filters);
+        m_layout->addWidget(panes, 1);
+        m_layout->addLayout(actions);
         m_layout->addWidget(m_status);
 
         m_view->setCurrentIndex(std::max<qsizetype>(
@@ -111,23 +180,42 @@ private:
         m_picker = new XFieldPicker;
         m_picker->setObjectName(QStringLiteral("fieldPicker"));
         m_picker->InitProperties();
+        m_picker->setAllowContextMenu(true);
+        m_events->watch(m_picker);
         m_picker->setRootLbl(ETPLRootLbl(m_root->currentIndex()));
         m_picker->setSingleBranch(ETPLSingleBranch(m_branch->currentIndex()));
         m_picker->setShowAll(m_showAll->isChecked());
         m_picker->setTemplateView(ETPLTemplateView(m_view->currentIndex()));
         m_picker->setCaptionVisible(m_captions->isChecked());
-        m_layout->insertWidget(1, m_picker, 1);
+        m_browserLayout->addWidget(m_picker);
         m_picker->Load(m_context.appName, category);
+        m_filters->bind(m_picker);
         for (auto signal : {&XFieldPicker::StateChange, &XFieldPicker::SplitterAdjustment})
             connect(m_picker, signal, this, [this] { showStatus(); });
         connect(m_picker, &XFieldPicker::CategoryClick, this, [this] { showStatus(); });
+        // The browser's Delete entry asks the host, which deletes as its own button does.
+        connect(m_picker, &XFieldPicker::Delete, this, [this] { deleteSelection(); });
         showStatus();
+    }
+
+    void deleteSelection()
+    {
+        if (m_picker && userMayEdit())
+            m_picker->DeleteSelection(nullptr);
     }
 
     void showStatus()
     {
         if (!m_picker)
             return;
+        const bool selected = !m_picker->IsSelectionEmpty();
+        const bool mayEdit = userMayEdit();
+        m_copy->setEnabled(selected);
+        // A user who may not edit does not see the editing actions at all.
+        m_delete->setVisible(mayEdit);
+        m_changeOwner->setVisible(mayEdit);
+        m_delete->setEnabled(selected && mayEdit);
+        m_changeOwner->setEnabled(selected && mayEdit);
         m_status->setText(QString::fromLatin1(StatusFormat)
                               .arg(m_picker->GetStatus())
                               .arg(m_picker->SelectionCount())
@@ -143,6 +231,13 @@ private:
     QCheckBox *m_captions = nullptr;
     QCheckBox *m_entityView = nullptr;
     QCheckBox *m_showAll = nullptr;
+    FieldPickerFilterBar *m_filters = nullptr;
+    QPushButton *m_copy = nullptr;
+    QPushButton *m_delete = nullptr;
+    QPushButton *m_changeOwner = nullptr;
+    QWidget *m_browserPane = nullptr;
+    QVBoxLayout *m_browserLayout = nullptr;
+    FieldPickerEventLog *m_events = nullptr;
     QLabel *m_status = nullptr;
     QPointer<XFieldPicker> m_picker;
 };

@@ -87,7 +87,7 @@ int main(int argc, char *argv[])
         PickerCtl::SqlCatalogBuilder builder(target);
         const SampleSummary summary = writeSampleCatalog(builder, options);
         builder.commit();
-        std::printf("%s\n", qPrintable(Done.arg(summary.fields).arg(summary.categories).arg(target)
+        std::printf("%s\n", qPrintable(Done.arg(summary.fields).arg(summary.categories).arg(PickerCtl::maskedLocation(target))
                                            .arg(double(timer.elapsed()) / 1000.0, 0, 'f', 1)));
     } catch (const PickerCtl::CatalogError &e) {
         std::fprintf(stderr, "pickerctl-samplegen: %s\n", qPrintable(e.message()));

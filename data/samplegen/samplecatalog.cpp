@@ -93,8 +93,10 @@ const EnumList EnumLists[] = {
 const auto FullRowSelection = QStringLiteral("Full Row Selection");
 const auto WarnOnMultipleTechTypes = QStringLiteral("Warn on Multiple TechTypes");
 
-const auto NoCsv = QStringLiteral("The counter list \"%1\" cannot be read.");
-const auto BadCsv = QStringLiteral("The counter list \"%1\" lacks the column \"%2\".");
+const auto NoCsv = QStringLiteral("The %1 \"%2\" cannot be read.");
+const auto BadCsv = QStringLiteral("The %1 \"%2\" lacks the column \"%3\".");
+const auto CounterList = QStringLiteral("counter list");
+const auto ExpressionList = QStringLiteral("expression list");
 const auto KpiDescription = QStringLiteral("%1: %2");
 const auto UdcDescription = QStringLiteral("Written by %1: %2");
 const auto RepeatedName = QStringLiteral("%1 #%2");
@@ -200,14 +202,15 @@ private:
         return QStringLiteral("C");   // the common-NF measurements of the 5G core
     }
 
-    static CsvTable readCsv(const QString &path, const QStringList &columns)
+    /// Reads a list, which errors call what it is (the counter or the expression list).
+    static CsvTable readCsv(const QString &what, const QString &path, const QStringList &columns)
     {
         CsvTable table;
         if (!table.load(path))
-            throw CatalogError(NoCsv.arg(path));
+            throw CatalogError(NoCsv.arg(what, path));
         for (const QString &column : columns) {
             if (table.column(column) < 0)
-                throw CatalogError(BadCsv.arg(path, column));
+                throw CatalogError(BadCsv.arg(what, path, column));
         }
         return table;
     }
@@ -216,7 +219,7 @@ private:
     {
         const QStringList columns = {QStringLiteral("technology"), QStringLiteral("object_class"),
                                      QStringLiteral("name"), QStringLiteral("unit")};
-        const CsvTable table = readCsv(path, columns);
+        const CsvTable table = readCsv(CounterList, path, columns);
         const qsizetype tech = table.column(columns[0]), cls = table.column(columns[1]),
                         name = table.column(columns[2]), unit = table.column(columns[3]);
         for (const QStringList &row : table.rows()) {
@@ -248,7 +251,7 @@ private:
     {
         const QStringList columns = {QStringLiteral("technology"), QStringLiteral("name"),
                                      QStringLiteral("formula"), QStringLiteral("unit")};
-        const CsvTable table = readCsv(path, columns);
+        const CsvTable table = readCsv(ExpressionList, path, columns);
         const qsizetype tech = table.column(columns[0]), name = table.column(columns[1]),
                         formula = table.column(columns[2]), unit = table.column(columns[3]);
         QList<FieldTemplate> &kpis = m_pools[Pool::Kpi];
