@@ -4,7 +4,7 @@ function(pickerctl_warnings target)
 endfunction()
 
 # Internal pieces of the library are static archives of position-independent code,
-# linked whole into the shared PickerCtl library and directly into the tests.
+# linked whole into the shared PickerCtl library.
 function(pickerctl_area target)
   add_library(${target} STATIC ${ARGN})
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON

@@ -1,0 +1,1 @@
+// Compiles the precompiled header that the areas built on the widget kit share.

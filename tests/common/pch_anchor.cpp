@@ -1,0 +1,1 @@
+// Compiles the precompiled header that all test code shares.
