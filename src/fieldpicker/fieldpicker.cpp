@@ -212,11 +212,17 @@ void XFieldPicker::resizeEvent(QResizeEvent *event)
     d->layout();
 }
 
-// The headers' height follows the font, and so does the room the control asks for.
+// The headers' height follows the font, and so does the room the control asks for. A font given
+// to the control itself (Designer and style sheets set QWidget's "font", not Font) also replaces the
+// tree's and the list's design font, family included.
 void XFieldPicker::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
+        if (testAttribute(Qt::WA_SetFont)) {
+            d->tvw->setFont(font());
+            d->stl->setFont(font());
+        }
         d->layout();
         updateGeometry();
     }
