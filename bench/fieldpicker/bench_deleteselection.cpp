@@ -2,6 +2,7 @@
 // check, the batched store write, the in-memory removal and the list refilled after the change, as
 // an administrator who selected them waits for the control to come back.
 #include "qt_benchmark_main.h"
+#include "udc_catalogue.h"
 
 #include <PickerCtl/AppServices.h>
 #include <PickerCtl/CatalogError.h>
@@ -19,51 +20,21 @@ namespace {
 
 using namespace PickerCtl;
 
-const QString App = QStringLiteral("Reports");
-const QString UdcCategory = QStringLiteral("Calculations");
-const UserSpec Admin{1, QStringLiteral("admin"), true, true, false};
-constexpr qint32 Selected = 10000;
+using namespace PickerCtl::Bench;
 
-/// One category holding twice the UDCs to delete, all of the administrator.
-QString writeCatalogue(const QTemporaryDir &dir)
-{
-    const QString path = dir.filePath(QStringLiteral("template.sqlite"));
-    SqlCatalogBuilder b(path);
-    b.addUser(Admin);
-    b.addFieldType(QStringLiteral("UDC"), QStringLiteral("User-Defined Calculation"));
-    b.addApplication(App);
-    CategorySpec root;
-    root.key = QStringLiteral("ROOT");
-    root.name = App;
-    b.addCategory(root);
-    CategorySpec udcs;
-    udcs.key = QStringLiteral("UDC");
-    udcs.parentKey = root.key;
-    udcs.name = UdcCategory;
-    b.addCategory(udcs);
-    for (qint32 id = 1; id <= 2 * Selected; ++id) {
-        FieldSpec field;
-        field.id = id;
-        field.categoryKey = udcs.key;
-        field.name = QStringLiteral("UDC %1").arg(id);
-        field.typeCode = QStringLiteral("UDC");
-        field.ownerId = Admin.id;
-        field.techMask = QStringLiteral("L");
-        b.addField(field);
-    }
-    b.commit();
-    return path;
-}
+constexpr qint32 Selected = 10000;
 
 void BM_DeleteSelectionOf10000Fields(benchmark::State &state)
 {
     QTemporaryDir dir;
     // The categories are browsed by their catalogue tree, which has no entity branch.
     AppServices::instance()->setUseEntityView(false);
-    UserContext::setInstance(std::make_shared<FixedUserContext>(std::make_shared<FixedUser>(Admin)));
+    UserContext::setInstance(std::make_shared<FixedUserContext>(std::make_shared<FixedUser>(UdcAdmin)));
     qsizetype left = 0;
     try {
-        const QString source = writeCatalogue(dir);
+        // One category holding twice the UDCs to delete.
+        const QString source = dir.filePath(QStringLiteral("template.sqlite"));
+        writeUdcCatalogue(source, 2 * Selected, 1);
         const QString path = dir.filePath(QStringLiteral("catalog.sqlite"));
         for (auto _ : state) {
             // Every round starts from the whole catalogue shown in a new control with every other
@@ -74,7 +45,7 @@ void BM_DeleteSelectionOf10000Fields(benchmark::State &state)
             FieldCatalog::setInstance(SqlCatalog::open(path));
             auto picker = std::make_unique<XFieldPicker>();
             picker->InitProperties();
-            picker->Load(App, UdcCategory);
+            picker->Load(UdcApp, udcCategory(0));
             auto selection = Fields::create();
             for (const FieldPtr &field : *picker->Fields()) {
                 if (field->Id() % 2 == 0)

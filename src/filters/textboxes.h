@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalog/core/numbercheck.h"
+
 #include <QString>
 
 class QLineEdit;
@@ -10,10 +12,7 @@ namespace PickerCtl::Filters {
 /// without a word: a box holds as much as a QString does.
 void removeLengthLimit(QLineEdit *box);
 
-/// The text without the space characters (U+0020) at either end; tabs, line breaks and other
-/// white space are part of what the user typed and stay.
-QString trimSpaces(const QString &text);
-
+/// trimSpaces (numbercheck.h) takes the spaces off a typed text.
 /// True when the text, spaces trimmed, still starts or ends with other white space, which the
 /// number readers of Qt would skip silently.
 bool hasOuterWhiteSpace(const QString &trimmed);

@@ -171,7 +171,7 @@ bool XStringFilter::IsValid(QString &sErrorText)
 StringFilterValuePtr XStringFilter::GetFilter() const
 {
     auto value = std::make_shared<StringFilterValue>();
-    value->setExpression(Filters::trimSpaces(d->txtExpression->text()));
+    value->setExpression(trimSpaces(d->txtExpression->text()));
     value->setUsePatternMatching(isChecked(d->chkUsePatternMatching));
     value->setMatchWholeName(isChecked(d->chkMatchWholeName));
     value->setMatchCase(isChecked(d->chkMatchCase));

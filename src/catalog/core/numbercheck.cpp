@@ -35,25 +35,13 @@ QString quoted(const QVariant &value)
     return text.size() > kMaxQuotedLength ? text.left(kMaxQuotedLength) + kEllipsis : text;
 }
 
-// Only the space character counts as blank around a typed number; a tab or a line break is text.
-QString withoutSpaces(const QString &text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text.at(first) == QLatin1Char(' '))
-        ++first;
-    while (last > first && text.at(last - 1) == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
-}
-
 // Reads a number from a variant: numbers as they are, texts in the user's locale, then in C.
 // NaN and the infinities come back as they are; the callers decide what they mean.
 std::optional<double> readAnyReal(const QVariant &value, const QLocale &locale)
 {
     if (holdsNumber(value))
         return value.toDouble();
-    const QString text = withoutSpaces(value.toString());
+    const QString text = trimSpaces(value.toString());
     // QLocale would skip a tab or a line break around the digits as well; here they are text.
     if (text.isEmpty() || text.front().isSpace() || text.back().isSpace())
         return std::nullopt;
@@ -136,10 +124,21 @@ bool inRange(double number, std::optional<double> low, std::optional<double> hig
 
 bool isBlank(const QVariant &value)
 {
-    return !holdsNumber(value) && withoutSpaces(value.toString()).isEmpty();
+    return !holdsNumber(value) && trimSpaces(value.toString()).isEmpty();
 }
 
 } // namespace
+
+QString trimSpaces(const QString &text)
+{
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && text.at(first) == QLatin1Char(' '))
+        ++first;
+    while (last > first && text.at(last - 1) == QLatin1Char(' '))
+        --last;
+    return text.mid(first, last - first);
+}
 
 bool checkWholeNumber(const QVariant &value, const QVariant &rangeMin, const QVariant &rangeMax,
                       const QLocale &locale, qint32 &result, QString &errorText)

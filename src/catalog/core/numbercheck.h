@@ -16,6 +16,10 @@ namespace PickerCtl {
  * that is NaN fails every check with a message saying so; given ends are inclusive and compare as
  * doubles, however large. On failure `errorText` names the value and the allowed range.
  */
+/// `text` without the spaces around it. Only the space character counts as blank around a typed
+/// number or count; a tab or a line break is text.
+QString trimSpaces(const QString &text);
+
 PICKERCTL_AUTOTEST_EXPORT
 bool checkWholeNumber(const QVariant &value, const QVariant &rangeMin, const QVariant &rangeMax,
                       const QLocale &locale, qint32 &result, QString &errorText);
