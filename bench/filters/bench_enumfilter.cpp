@@ -1,3 +1,5 @@
+#include "bench_size.h"
+
 #include <PickerCtl/ListViewProperties.h>
 #include <PickerCtl/PropertyFilter.h>
 #include <PickerCtl/XEnumFilter.h>
@@ -12,11 +14,7 @@ namespace {
 using namespace PickerCtl;
 
 // PICKERCTL_BENCH_VALUES overrides the number of enumerated values.
-const int kValues = [] {
-    bool ok = false;
-    const int values = qEnvironmentVariableIntValue("PICKERCTL_BENCH_VALUES", &ok);
-    return ok && values > 0 ? values : 10000;
-}();
+const int kValues = Bench::sizeFromEnvironment("PICKERCTL_BENCH_VALUES", 10000);
 
 /// An enumeration of kValues values named "Value n" with codes "n".
 class BenchPropertyFilter : public PropertyFilter

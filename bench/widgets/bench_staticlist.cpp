@@ -1,3 +1,5 @@
+#include "bench_size.h"
+
 #include <PickerCtl/XStaticList.h>
 
 #include <QApplication>
@@ -30,11 +32,7 @@ namespace {
 using namespace PickerCtl;
 
 // PICKERCTL_BENCH_ROWS overrides the row count for a quick run on a busy machine.
-const int kRows = [] {
-    bool ok = false;
-    const int rows = qEnvironmentVariableIntValue("PICKERCTL_BENCH_ROWS", &ok);
-    return ok && rows > 0 ? rows : 1000000;
-}();
+const int kRows = Bench::sizeFromEnvironment("PICKERCTL_BENCH_ROWS", 1000000);
 
 class BenchField : public Field
 {
