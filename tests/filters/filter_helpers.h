@@ -1,7 +1,13 @@
 #pragma once
 
 #include <PickerCtl/AppServices.h>
+#include <PickerCtl/EnumFilterValue.h>
+#include <PickerCtl/ListViewProperties.h>
+#include <PickerCtl/NumberFilterValue.h>
+#include <PickerCtl/StringFilterValue.h>
+#include <PickerCtl/TimeFilterValue.h>
 
+#include <QDateTime>
 #include <QList>
 #include <QMetaType>
 #include <QString>
@@ -14,13 +20,23 @@ bool showActive(QWidget *editor);
 
 /// The child with that object name, or nullptr when the editor lacks it.
 template<typename T>
-T *child(const QWidget *editor, const char *name)
+T *child(const QWidget *editor, const QString &name)
 {
-    return editor->findChild<T *>(QLatin1String(name));
+    return editor->findChild<T *>(name);
 }
 
 /// True when the whole (non-empty) text of a line edit is selected.
 bool wholeTextSelected(const QWidget *lineEdit);
+
+/// The values the hosts hand in; an invalid QVariant leaves that bound unset.
+PickerCtl::NumberFilterValuePtr bounds(const QVariant &minimum, const QVariant &maximum);
+PickerCtl::StringFilterValuePtr match(const QString &expression, bool pattern = false, bool whole = false,
+                                      bool matchCase = false);
+PickerCtl::TimeFilterValuePtr relative(qint32 unit, qint32 count);
+PickerCtl::TimeFilterValuePtr absolute(const QDateTime &start, const QDateTime &end);
+/// "<no filter>" stands for no value at all.
+PickerCtl::EnumFilterValuePtr selecting(const QString &selection);
+PickerCtl::ListViewPropertiesPtr titled(const QString &title);
 
 /// The real number checks, recording the types of the range ends each check received.
 class RecordingServices : public PickerCtl::AppServices
