@@ -12,7 +12,6 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <cstdio>
@@ -21,7 +20,7 @@ namespace {
 
 const auto AppName = QStringLiteral("pickerctl-gallery");
 const auto ErrorTitle = QStringLiteral("PickerCtl Gallery");
-const auto NoSample = QStringLiteral("The built-in sample catalogue could not be copied to a temporary folder.");
+const auto NoSample = QStringLiteral("The built-in sample catalogue could not be copied to \"%1\".");
 const auto NoApplications = QStringLiteral("The catalogue \"%1\" has no applications.");
 const auto UnknownApplication = QStringLiteral("The catalogue has no application named \"%1\".");
 const auto UnknownPage = QStringLiteral("There is no page \"%1\"; the pages are: %2.");
@@ -41,6 +40,7 @@ struct Options
     QString user;
     QString app;
     QSize size = DefaultSize;
+    bool freshSample = false;
 };
 
 bool parseSize(const QString &text, QSize &size)
@@ -72,7 +72,9 @@ Options parseOptions(const QApplication &app, QString &error)
         QStringLiteral("Catalogue user to work as (default: the administrator)."), QStringLiteral("name"));
     const QCommandLineOption application(QStringLiteral("app"),
         QStringLiteral("Application of the catalogue to show (default: the first)."), QStringLiteral("name"));
-    parser.addOptions({catalog, page, screenshot, size, user, application});
+    const QCommandLineOption freshSample(QStringLiteral("fresh-sample"),
+        QStringLiteral("Start again from the built-in sample catalogue, dropping the changes made to it."));
+    parser.addOptions({catalog, page, screenshot, size, user, application, freshSample});
     parser.process(app);
 
     Options options;
@@ -81,6 +83,7 @@ Options parseOptions(const QApplication &app, QString &error)
     options.screenshot = parser.value(screenshot);
     options.user = parser.value(user);
     options.app = parser.value(application);
+    options.freshSample = parser.isSet(freshSample);
     if (parser.isSet(size) && !parseSize(parser.value(size), options.size))
         error = BadSize.arg(parser.value(size));
     return options;
@@ -109,6 +112,7 @@ int main(int argc, char *argv[])
 {
     chooseScreenshotPlatform(argc, argv);
     QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("PickerCtl"));
     QApplication::setApplicationName(AppName);
 
     QString error;
@@ -117,13 +121,12 @@ int main(int argc, char *argv[])
     if (!error.isEmpty())
         return fail(error, interactive);
 
-    QTemporaryDir sampleDir;
     GalleryContext context;
     context.sourcePath = options.catalog;
     if (context.sourcePath.isEmpty()) {
-        context.sourcePath = extractSampleCatalog(sampleDir);
+        context.sourcePath = extractSampleCatalog(options.freshSample);
         if (context.sourcePath.isEmpty())
-            return fail(NoSample, interactive);
+            return fail(NoSample.arg(sampleCatalogPath()), interactive);
     }
 
     std::unique_ptr<GalleryWindow> window;

@@ -2,8 +2,12 @@
 
 #include <QString>
 
-class QTemporaryDir;
+/// Where the gallery keeps its working copy of the built-in sample catalogue: a file in the user's
+/// application data folder, named after the sample's content, so that deletions and ownership
+/// changes made in the gallery are still there at its next start, and a build with another sample
+/// starts from a fresh copy.
+QString sampleCatalogPath();
 
-/// Copies the sample catalogue built into the gallery to a file in dir (SQLite cannot open a
-/// resource) and returns its path; an empty string when the copy failed.
-QString extractSampleCatalog(const QTemporaryDir &dir);
+/// Returns the working copy's path, copying the built-in sample there first when there is no copy
+/// yet or when fresh is set (SQLite cannot open a resource); an empty string when that failed.
+QString extractSampleCatalog(bool fresh);
