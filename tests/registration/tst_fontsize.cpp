@@ -78,6 +78,7 @@ private Q_SLOTS:
     void shouldNotClipAnyTextAtALargeFont();
     void shouldKeepTheDesignedHeaderAtTheNormalFont();
     void shouldGrowTheHeadersWhenTheBrowsersFontGrows();
+    void shouldGiveTheBrowsersDesignedFontToItsTreeAndList();
 
 private:
     QFont m_previous;
@@ -160,6 +161,25 @@ void FontSizeTest::shouldGrowTheHeadersWhenTheBrowsersFontGrows()
              qPrintable(describe(header, header->contentsRect().height(), QFontMetrics(header->font()).height())));
     QVERIFY(tree->y() > header->geometry().bottom());
     QVERIFY(control->sizeHint().height() > normalHint.height());
+}
+
+void FontSizeTest::shouldGiveTheBrowsersDesignedFontToItsTreeAndList()
+{
+    // Given a field browser, as Designer creates it
+    std::unique_ptr<QWidget> control(ControlFactory::create(QStringLiteral("XFieldPicker")));
+    QVERIFY(control);
+
+    // When a form sets its "font" property to another family and size, as a .ui file does
+    const QFont designed(QStringLiteral("DejaVu Serif"), LargePointSize);
+    QVERIFY(control->setProperty("font", designed));
+
+    // Then the tree and the list show that family at that size, not only the headers
+    for (const auto *name : {"tvw", "stl"}) {
+        const auto *pane = control->findChild<QWidget *>(QLatin1String(name));
+        QVERIFY2(pane, name);
+        QCOMPARE(pane->font().family(), designed.family());
+        QCOMPARE(pane->font().pointSize(), LargePointSize);
+    }
 }
 
 QTEST_MAIN(FontSizeTest)
