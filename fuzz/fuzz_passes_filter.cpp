@@ -5,39 +5,13 @@
 #include <PickerCtl/CategoryTree.h>
 #include <PickerCtl/Fields.h>
 #include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 using namespace PickerCtl;
 
 namespace {
 
 const QString App = QStringLiteral("Reports");
-
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name,
-                      const QString &nodeKey = QString(), const QString &rcvForm = QString())
-{
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = parentKey;
-    spec.name = name;
-    spec.nodeKey = nodeKey;
-    spec.rcvFormName = rcvForm;
-    return spec;
-}
-
-FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &type,
-                qint32 owner, const QString &techMask, bool busyHour)
-{
-    FieldSpec spec;
-    spec.id = id;
-    spec.categoryKey = categoryKey;
-    spec.name = name;
-    spec.typeCode = type;
-    spec.ownerId = owner;
-    spec.techMask = techMask;
-    spec.busyHour = busyHour;
-    spec.expression = type != QLatin1String("CNT");
-    return spec;
-}
 
 // Names with the characters a pattern translation is most likely to get wrong.
 std::shared_ptr<MemoryCatalog> makeCatalog()
@@ -53,20 +27,22 @@ std::shared_ptr<MemoryCatalog> makeCatalog()
     catalog->addFieldType(QStringLiteral("EXP"), QStringLiteral("Calculated Expression"));
     catalog->addFieldType(QStringLiteral("UDC"), QStringLiteral("User-Defined Calculation"));
     catalog->addApplication(App);
-    catalog->addCategory(category(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue")));
-    catalog->addCategory(category(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"),
-                                  QStringLiteral("Entities"), QStringLiteral("FORM1")));
-    catalog->addCategory(category(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"),
-                                  genericLabel()));
-    catalog->addField(field(1, QStringLiteral("NET"), QStringLiteral("Call Attempts"), QStringLiteral("CNT"), 1,
-                            QStringLiteral("GULT"), true));
-    catalog->addField(field(2, QStringLiteral("NET"), QStringLiteral("Drop [%] (a|b)*?"), QStringLiteral("EXP"), 2,
-                            QStringLiteral("G"), false));
-    catalog->addField(field(3, QStringLiteral("GEN"), QStringLiteral("O'Brien; DROP TABLE fields; --"),
-                            QStringLiteral("UDC"), 3, QString(), false));
-    catalog->addField(field(4, QStringLiteral("GEN"), QStringLiteral("\\d+ ^$ . \U0001F600 ß"), QStringLiteral("UDC"), 2,
-                            QStringLiteral("LT"), true));
-    catalog->addField(field(5, QStringLiteral("GEN"), QString(), QStringLiteral("CNT"), 1, QStringLiteral("U"), false));
+    catalog->addCategory(categorySpec(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue")));
+    CategorySpec network = categorySpec(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"), 0,
+                                        QStringLiteral("Entities"));
+    network.rcvFormName = QStringLiteral("FORM1");
+    catalog->addCategory(network);
+    catalog->addCategory(categorySpec(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"), 0,
+                                      genericLabel()));
+    catalog->addField(fieldSpec(1, QStringLiteral("NET"), QStringLiteral("Call Attempts"), QStringLiteral("CNT"), 1,
+                                QStringLiteral("GULT"), true));
+    catalog->addField(fieldSpec(2, QStringLiteral("NET"), QStringLiteral("Drop [%] (a|b)*?"), QStringLiteral("EXP"), 2,
+                                QStringLiteral("G"), false));
+    catalog->addField(fieldSpec(3, QStringLiteral("GEN"), QStringLiteral("O'Brien; DROP TABLE fields; --"),
+                                QStringLiteral("UDC"), 3, QString(), false));
+    catalog->addField(fieldSpec(4, QStringLiteral("GEN"), QStringLiteral("\\d+ ^$ . \U0001F600 ß"), QStringLiteral("UDC"), 2,
+                                QStringLiteral("LT"), true));
+    catalog->addField(fieldSpec(5, QStringLiteral("GEN"), QString(), QStringLiteral("CNT"), 1, QStringLiteral("U"), false));
     catalog->addRcvForm(QStringLiteral("FORM2"), QStringLiteral("Generic"));
     catalog->addRcvField(QStringLiteral("FORM2"), QStringLiteral("attempts"), 1);
     catalog->addRcvField(QString(), QStringLiteral("drop"), 2);

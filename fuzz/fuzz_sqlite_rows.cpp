@@ -10,6 +10,7 @@
 #include "fuzzsupport.h"
 
 #include <PickerCtl/SqlCatalog.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 #include <QFile>
 #include <QStringList>
@@ -29,29 +30,11 @@ const char *const Tables[] = {"catalog_info", "users",   "technology_types", "fi
                               "rcv_forms",    "rcv_fields", "enum_values",     "properties"};
 constexpr int TableCount = int(sizeof(Tables) / sizeof(Tables[0]));
 
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name, qint32 entityId,
-                      const QString &nodeKey = QString())
-{
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = parentKey;
-    spec.name = name;
-    spec.entityId = entityId;
-    spec.nodeKey = nodeKey;
-    return spec;
-}
-
+// Every column written: a description, and a unit also where a counter would have none.
 FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &type, qint32 owner,
                 const QString &techMask)
 {
-    FieldSpec spec;
-    spec.id = id;
-    spec.categoryKey = categoryKey;
-    spec.name = name;
-    spec.typeCode = type;
-    spec.ownerId = owner;
-    spec.techMask = techMask;
-    spec.expression = type != QLatin1String("CNT");
+    FieldSpec spec = fieldSpec(id, categoryKey, name, type, owner, techMask);
     spec.description = QStringLiteral("about %1").arg(name);
     spec.unit = QStringLiteral("%");
     return spec;
@@ -71,12 +54,12 @@ QByteArray makeTemplate()
         builder.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
         builder.addFieldType(QStringLiteral("UDC"), QStringLiteral("User-Defined Calculation"));
         builder.addApplication(QStringLiteral("Reports"));
-        builder.addCategory(category(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue"), 0));
-        builder.addCategory(category(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"), 1,
-                                     QStringLiteral("Entities")));
-        builder.addCategory(category(QStringLiteral("CELL"), QStringLiteral("Entities"), QStringLiteral("Cell"), 2));
-        builder.addCategory(category(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"), 0,
-                                     genericLabel()));
+        builder.addCategory(categorySpec(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue"), 0));
+        builder.addCategory(categorySpec(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"), 1,
+                                         QStringLiteral("Entities")));
+        builder.addCategory(categorySpec(QStringLiteral("CELL"), QStringLiteral("Entities"), QStringLiteral("Cell"), 2));
+        builder.addCategory(categorySpec(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"), 0,
+                                         genericLabel()));
         builder.addField(field(10, QStringLiteral("CELL"), QStringLiteral("Attempts"), QStringLiteral("CNT"), 1,
                                QStringLiteral("GL")));
         builder.addField(field(11, QStringLiteral("CELL"), QStringLiteral("Drops"), QStringLiteral("UDC"), 2,

@@ -3,6 +3,7 @@
 #include <PickerCtl/AppServices.h>
 #include <PickerCtl/CategoryTree.h>
 #include <PickerCtl/XStaticList.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 using namespace PickerCtl;
 
@@ -10,28 +11,12 @@ namespace TemplateTest {
 
 namespace {
 
+// Every field of the template tests belongs to user 1; a counter is the only field that is no expression.
 FieldSpec field(qint32 id, const QString &category, const QString &name, const QString &type, const QString &mask,
-                bool expression = false, const QString &status = QStringLiteral("V"))
+                const QString &status = QStringLiteral("V"))
 {
-    FieldSpec spec;
-    spec.id = id;
-    spec.categoryKey = category;
-    spec.name = name;
-    spec.typeCode = type;
-    spec.techMask = mask;
-    spec.expression = expression;
+    FieldSpec spec = fieldSpec(id, category, name, type, 1, mask);
     spec.validationStatus = status;
-    spec.ownerId = 1;
-    return spec;
-}
-
-CategorySpec category(const QString &key, const QString &parent, const QString &name, const QString &nodeKey = {})
-{
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = parent;
-    spec.nodeKey = nodeKey;
-    spec.name = name;
     return spec;
 }
 
@@ -58,20 +43,20 @@ std::shared_ptr<MemoryCatalog> makeCatalog()
     catalog->addFieldType(QStringLiteral("EXP"), QStringLiteral("Expression"));
     catalog->addFieldType(QStringLiteral("UDC"), QStringLiteral("User Calculation"));
     catalog->addApplication(App);
-    catalog->addCategory(category(QStringLiteral("net"), QString(), QStringLiteral("Network"), QStringLiteral("Entities")));
-    catalog->addCategory(category(QStringLiteral("cell"), QStringLiteral("Entities"), QStringLiteral("Cell")));
-    catalog->addCategory(category(QStringLiteral("traffic"), QStringLiteral("Entities"), QStringLiteral("Traffic")));
+    catalog->addCategory(categorySpec(QStringLiteral("net"), QString(), QStringLiteral("Network"), 0, QStringLiteral("Entities")));
+    catalog->addCategory(categorySpec(QStringLiteral("cell"), QStringLiteral("Entities"), QStringLiteral("Cell")));
+    catalog->addCategory(categorySpec(QStringLiteral("traffic"), QStringLiteral("Entities"), QStringLiteral("Traffic")));
     const QString cell = QStringLiteral("cell");
     const QString traffic = QStringLiteral("traffic");
     catalog->addField(field(1, cell, QStringLiteral("Cell Attempts"), QStringLiteral("CNT"), QStringLiteral("A")));
     catalog->addField(field(2, cell, QStringLiteral("Cell Drops"), QStringLiteral("CNT"), QStringLiteral("B")));
     catalog->addField(field(3, cell, QStringLiteral("Cell Load"), QStringLiteral("CNT"), QStringLiteral("AB")));
-    catalog->addField(field(4, cell, QStringLiteral("Drop Rate"), QStringLiteral("EXP"), QStringLiteral("A"), true));
-    catalog->addField(field(5, cell, QStringLiteral("Bad Rate"), QStringLiteral("EXP"), QStringLiteral("A"), true,
+    catalog->addField(field(4, cell, QStringLiteral("Drop Rate"), QStringLiteral("EXP"), QStringLiteral("A")));
+    catalog->addField(field(5, cell, QStringLiteral("Bad Rate"), QStringLiteral("EXP"), QStringLiteral("A"),
                             QStringLiteral("N")));
     catalog->addField(field(6, cell, QStringLiteral("Handover"), QStringLiteral("CNT"), QString()));
     catalog->addField(field(7, traffic, QStringLiteral("Traffic Volume"), QStringLiteral("CNT"), QStringLiteral("C")));
-    catalog->addField(field(8, traffic, QStringLiteral("Traffic Errors"), QStringLiteral("UDC"), QStringLiteral("C"), true,
+    catalog->addField(field(8, traffic, QStringLiteral("Traffic Errors"), QStringLiteral("UDC"), QStringLiteral("C"),
                             QStringLiteral("N")));
     catalog->addApplication(EmptyApp);
     return catalog;

@@ -1,19 +1,14 @@
 #include "fieldpicker_helpers.h"
 
 #include <PickerCtl/CatalogError.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 namespace PickerCtl::testsupport {
 
 void addCategory(MemoryCatalog &catalog, const QString &key, const QString &parentKey, const QString &name,
                  qint32 entityId, const QString &nodeKey)
 {
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = parentKey;
-    spec.nodeKey = nodeKey;
-    spec.name = name;
-    spec.entityId = entityId;
-    catalog.addCategory(spec);
+    catalog.addCategory(categorySpec(key, parentKey, name, entityId, nodeKey));
 }
 
 namespace {

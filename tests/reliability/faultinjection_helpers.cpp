@@ -4,6 +4,7 @@
 #include <PickerCtl/Notifiers.h>
 #include <PickerCtl/PropertyFilter.h>
 #include <PickerCtl/PropertyStore.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 using namespace PickerCtl;
 
@@ -35,30 +36,6 @@ bool FaultPlan::tick(const char *call)
 }
 
 namespace {
-
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name, qint32 entityId = 0,
-                      const QString &nodeKey = QString())
-{
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = parentKey;
-    spec.name = name;
-    spec.entityId = entityId;
-    spec.nodeKey = nodeKey;
-    return spec;
-}
-
-FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &techMask)
-{
-    FieldSpec spec;
-    spec.id = id;
-    spec.categoryKey = categoryKey;
-    spec.name = name;
-    spec.typeCode = QStringLiteral("CNT");
-    spec.ownerId = 1;
-    spec.techMask = techMask;
-    return spec;
-}
 
 class FaultyStore : public PropertyStore
 {
@@ -137,19 +114,20 @@ std::shared_ptr<MemoryCatalog> sampleCatalog()
     catalog->addTechnology(QStringLiteral("LTE"), QStringLiteral("L"), 4);
     catalog->addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
     catalog->addApplication(QStringLiteral("Reports"));
-    catalog->addCategory(category(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue")));
-    catalog->addCategory(category(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"), 1,
-                                  QStringLiteral("Entities")));
-    catalog->addCategory(category(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"), 0,
-                                  genericLabel()));
-    catalog->addCategory(category(QStringLiteral("REG"), QStringLiteral("Entities"), QStringLiteral("Region"), 2));
-    catalog->addCategory(category(QStringLiteral("SYS"), genericLabel(), QStringLiteral("SYSTEM")));
-    catalog->addCategory(category(QStringLiteral("CELL"), QStringLiteral("REG"), QStringLiteral("Cell"), 3));
-    catalog->addCategory(category(QStringLiteral("TRF"), genericLabel(), QStringLiteral("Traffic")));
-    catalog->addField(field(10, QStringLiteral("CELL"), QStringLiteral("Call Attempts"), QStringLiteral("GUL")));
-    catalog->addField(field(11, QStringLiteral("CELL"), QStringLiteral("Drops"), QStringLiteral("G")));
-    catalog->addField(field(12, QStringLiteral("REG"), QStringLiteral("Handovers"), QStringLiteral("L")));
-    catalog->addField(field(13, QStringLiteral("TRF"), QStringLiteral("Erlang"), QStringLiteral("UL")));
+    catalog->addCategory(categorySpec(QStringLiteral("ROOT"), QString(), QStringLiteral("Catalogue")));
+    catalog->addCategory(categorySpec(QStringLiteral("NET"), QStringLiteral("ROOT"), QStringLiteral("Network"), 1,
+                                      QStringLiteral("Entities")));
+    catalog->addCategory(categorySpec(QStringLiteral("GEN"), QStringLiteral("ROOT"), QStringLiteral("Generic"), 0,
+                                      genericLabel()));
+    catalog->addCategory(categorySpec(QStringLiteral("REG"), QStringLiteral("Entities"), QStringLiteral("Region"), 2));
+    catalog->addCategory(categorySpec(QStringLiteral("SYS"), genericLabel(), QStringLiteral("SYSTEM")));
+    catalog->addCategory(categorySpec(QStringLiteral("CELL"), QStringLiteral("REG"), QStringLiteral("Cell"), 3));
+    catalog->addCategory(categorySpec(QStringLiteral("TRF"), genericLabel(), QStringLiteral("Traffic")));
+    const QString counter = QStringLiteral("CNT");
+    catalog->addField(fieldSpec(10, QStringLiteral("CELL"), QStringLiteral("Call Attempts"), counter, 1, QStringLiteral("GUL")));
+    catalog->addField(fieldSpec(11, QStringLiteral("CELL"), QStringLiteral("Drops"), counter, 1, QStringLiteral("G")));
+    catalog->addField(fieldSpec(12, QStringLiteral("REG"), QStringLiteral("Handovers"), counter, 1, QStringLiteral("L")));
+    catalog->addField(fieldSpec(13, QStringLiteral("TRF"), QStringLiteral("Erlang"), counter, 1, QStringLiteral("UL")));
     catalog->addEnumList(QStringLiteral("Status"), {QStringLiteral("Active"), QStringLiteral("Idle")},
                          {QStringLiteral("A"), QStringLiteral("I")});
     return catalog;

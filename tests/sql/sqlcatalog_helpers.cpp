@@ -9,27 +9,10 @@ namespace {
 const auto CatalogueDatabase = QStringLiteral("catalog");
 }
 
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name, qint32 entityId)
-{
-    CategorySpec c;
-    c.key = key;
-    c.parentKey = parentKey;
-    c.name = name;
-    c.entityId = entityId;
-    return c;
-}
-
 FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &type, qint32 owner,
                 const QString &mask)
 {
-    FieldSpec f;
-    f.id = id;
-    f.categoryKey = categoryKey;
-    f.name = name;
-    f.typeCode = type;
-    f.ownerId = owner;
-    f.techMask = mask;
-    f.expression = type != QLatin1String("CNT");
+    FieldSpec f = fieldSpec(id, categoryKey, name, type, owner, mask);
     f.description = name + QStringLiteral(" described");
     f.unit = type == QLatin1String("CNT") ? QStringLiteral("ms") : QString();
     return f;
@@ -74,25 +57,25 @@ void writeSmallCatalogue(const QString &location, int extraAliceUdcs)
     b.addFieldType(QStringLiteral("UDC"), QStringLiteral("User-Defined Calculation"));
 
     b.addApplication(App);
-    b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
-    CategorySpec network = category(QStringLiteral("R:NET"), QStringLiteral("R:ROOT"), QStringLiteral("Network"), 1);
+    b.addCategory(categorySpec(QStringLiteral("R:ROOT"), QString(), App));
+    CategorySpec network = categorySpec(QStringLiteral("R:NET"), QStringLiteral("R:ROOT"), QStringLiteral("Network"), 1);
     network.nodeKey = QStringLiteral("Entities");
     b.addCategory(network);
-    CategorySpec cell = category(QStringLiteral("R:CELL"), QStringLiteral("Entities"), QStringLiteral("Cell A"), 2);
+    CategorySpec cell = categorySpec(QStringLiteral("R:CELL"), QStringLiteral("Entities"), QStringLiteral("Cell A"), 2);
     cell.caption = QStringLiteral("Cell A (NR)");
     b.addCategory(cell);
-    CategorySpec generic = category(QStringLiteral("R:GEN"), QStringLiteral("R:ROOT"), QStringLiteral("Generic"));
+    CategorySpec generic = categorySpec(QStringLiteral("R:GEN"), QStringLiteral("R:ROOT"), QStringLiteral("Generic"));
     generic.nodeKey = genericLabel();
     b.addCategory(generic);
-    b.addCategory(category(QStringLiteral("R:SYS"), genericLabel(), QStringLiteral("SYSTEM")));
-    CategorySpec scenario = category(QStringLiteral("R:SCN"), genericLabel(), QStringLiteral("Scenario Data"));
+    b.addCategory(categorySpec(QStringLiteral("R:SYS"), genericLabel(), QStringLiteral("SYSTEM")));
+    CategorySpec scenario = categorySpec(QStringLiteral("R:SCN"), genericLabel(), QStringLiteral("Scenario Data"));
     scenario.rcvFormName = QStringLiteral("SCENARIO");
     b.addCategory(scenario);
-    b.addCategory(category(QStringLiteral("R:UDC"), genericLabel(), QStringLiteral("User-Defined Calculations")));
+    b.addCategory(categorySpec(QStringLiteral("R:UDC"), genericLabel(), QStringLiteral("User-Defined Calculations")));
 
     b.addApplication(OtherApp);
-    b.addCategory(category(QStringLiteral("B:ROOT"), QString(), OtherApp));
-    b.addCategory(category(QStringLiteral("B:SYS"), QStringLiteral("B:ROOT"), QStringLiteral("SYSTEM")));
+    b.addCategory(categorySpec(QStringLiteral("B:ROOT"), QString(), OtherApp));
+    b.addCategory(categorySpec(QStringLiteral("B:SYS"), QStringLiteral("B:ROOT"), QStringLiteral("SYSTEM")));
 
     for (const FieldSpec &f : smallCatalogueFields())
         b.addField(f);

@@ -3,6 +3,7 @@
 #include "postgres_helpers.h"
 
 #include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 #include <QTemporaryDir>
 
@@ -29,7 +30,7 @@ constexpr qint32 OtherAppFieldId = 40;
 /// The first of the extra UDCs of Alice that writeSmallCatalogue adds on request.
 constexpr qint32 FirstExtraUdcId = 1000;
 
-CategorySpec category(const QString &key, const QString &parentKey, const QString &name, qint32 entityId = 0);
+/// A field with a description and, for a counter, a unit, so that every column is written.
 FieldSpec field(qint32 id, const QString &categoryKey, const QString &name, const QString &type, qint32 owner,
                 const QString &mask);
 QList<FieldSpec> smallCatalogueFields();

@@ -61,7 +61,7 @@ void writeLargeCatalogue(const QString &path)
     b.addUser(Admin);
     b.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
     b.addApplication(App);
-    b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
+    b.addCategory(categorySpec(QStringLiteral("R:ROOT"), QString(), App));
     for (qint32 id = 1; id <= LargeFieldCount; ++id) {
         b.addField(field(id, QStringLiteral("R:ROOT"), QStringLiteral("Field %1").arg(id), QStringLiteral("CNT"),
                          Admin.id, QStringLiteral("L")));
@@ -554,7 +554,7 @@ private slots:
         b.addUser(Admin);
         b.addFieldType(QStringLiteral("CNT"), QStringLiteral("Counter"));
         b.addApplication(App);
-        b.addCategory(category(QStringLiteral("R:ROOT"), QString(), App));
+        b.addCategory(categorySpec(QStringLiteral("R:ROOT"), QString(), App));
 
         QVERIFY_THROWS_EXCEPTION(CatalogError, b.addField(field(1, QStringLiteral("R:NOWHERE"), QStringLiteral("Lost"),
                                                                 QStringLiteral("CNT"), Admin.id, QStringLiteral("L"))));
