@@ -3,12 +3,32 @@
 #include <PickerCtl/CatalogError.h>
 #include <PickerCtl/testing/CatalogSpecs.h>
 
+#include <QTreeView>
+
 namespace PickerCtl::testsupport {
 
 void addCategory(MemoryCatalog &catalog, const QString &key, const QString &parentKey, const QString &name,
                  qint32 entityId, const QString &nodeKey)
 {
     catalog.addCategory(categorySpec(key, parentKey, name, entityId, nodeKey));
+}
+
+QTreeView *treeOf(const XFieldPicker &picker)
+{
+    return picker.findChild<QTreeView *>(QStringLiteral("tvw"));
+}
+
+XStaticList *listOf(const XFieldPicker &picker)
+{
+    return picker.findChild<XStaticList *>(QStringLiteral("stl"));
+}
+
+QList<qint32> idsOf(const FieldsPtr &fields)
+{
+    QList<qint32> ids;
+    for (const FieldPtr &field : *fields)
+        ids.append(field->Id());
+    return ids;
 }
 
 namespace {

@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+class QTreeView;
+
 #include <memory>
 
 namespace PickerCtl::testsupport {
@@ -63,6 +65,12 @@ public:
 private:
     [[noreturn]] void fail(const char *what) const;
 };
+
+/// The control's category tree ("tvw") and field list ("stl").
+QTreeView *treeOf(const XFieldPicker &picker);
+XStaticList *listOf(const XFieldPicker &picker);
+/// The ids of the fields, in their order.
+QList<qint32> idsOf(const FieldsPtr &fields);
 
 /// Records the events of a control by name, in the order they were raised.
 class EventLog : public QObject

@@ -16,16 +16,6 @@ namespace {
 
 constexpr int KeyRole = Qt::UserRole + 1;
 
-QTreeView *treeOf(const XFieldPicker &picker)
-{
-    return picker.findChild<QTreeView *>(QStringLiteral("tvw"));
-}
-
-XStaticList *listOf(const XFieldPicker &picker)
-{
-    return picker.findChild<XStaticList *>(QStringLiteral("stl"));
-}
-
 QModelIndex nodeWithKey(const QAbstractItemModel &model, const QString &key, const QModelIndex &parent = {})
 {
     for (int row = 0; row < model.rowCount(parent); ++row) {

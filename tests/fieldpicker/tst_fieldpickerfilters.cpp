@@ -26,14 +26,6 @@ Setter setterNamed(const QString &name)
     return &XFieldPicker::setNameFilter;
 }
 
-QList<qint32> idsOf(const FieldsPtr &fields)
-{
-    QList<qint32> ids;
-    for (const FieldPtr &field : *fields)
-        ids.append(field->Id());
-    return ids;
-}
-
 /// The sample catalogue with RCV forms: the default form stands for Traffic, "Cells form" for
 /// Cell, whose first field is the form's "Drops".
 std::shared_ptr<MemoryCatalog> makeRcvCatalog()

@@ -22,16 +22,6 @@ constexpr int SortedRole = Qt::UserRole + 4;
 constexpr int KeyRole = Qt::UserRole + 1;
 const QString EmptyViewText = QStringLiteral("There are no fields/expressions to show in this view.");
 
-QTreeView *treeOf(const XFieldPicker &picker)
-{
-    return picker.findChild<QTreeView *>(QStringLiteral("tvw"));
-}
-
-XStaticList *listOf(const XFieldPicker &picker)
-{
-    return picker.findChild<XStaticList *>(QStringLiteral("stl"));
-}
-
 QString headerOf(const XFieldPicker &picker)
 {
     return picker.findChild<QLabel *>(QStringLiteral("lblHeaderRight"))->text();

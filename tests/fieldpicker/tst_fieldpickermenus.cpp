@@ -62,16 +62,6 @@ void useUser(bool canModifyFields, bool readOnly)
     UserContext::setInstance(std::make_shared<FixedUserContext>(std::make_shared<FixedUser>(spec)));
 }
 
-XStaticList *listOf(const XFieldPicker &picker)
-{
-    return picker.findChild<XStaticList *>(QStringLiteral("stl"));
-}
-
-QTreeView *treeOf(const XFieldPicker &picker)
-{
-    return picker.findChild<QTreeView *>(QStringLiteral("tvw"));
-}
-
 QAbstractItemView *listViewOf(const XFieldPicker &picker)
 {
     return listOf(picker)->view();
@@ -124,14 +114,6 @@ struct MenuRecorder
         });
     }
 };
-
-QList<qint32> idsOf(const FieldsPtr &fields)
-{
-    QList<qint32> ids;
-    for (const FieldPtr &field : *fields)
-        ids.append(field->Id());
-    return ids;
-}
 
 // A cursor stack that keeps the pointer pushed with each push, so that a test can tell which of
 // the two drag pointers went on.

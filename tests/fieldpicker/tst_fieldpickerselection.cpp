@@ -121,14 +121,6 @@ FieldsPtr fieldsWithIds(FieldCatalog &catalog, const QList<qint32> &ids)
     return fields;
 }
 
-QList<qint32> idsOf(const FieldsPtr &fields)
-{
-    QList<qint32> ids;
-    for (const FieldPtr &field : *fields)
-        ids.append(field->Id());
-    return ids;
-}
-
 void loadUdcs(XFieldPicker &picker)
 {
     picker.InitProperties();
