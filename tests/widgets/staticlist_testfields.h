@@ -1,8 +1,11 @@
 #pragma once
 
 #include <PickerCtl/Fields.h>
+#include <PickerCtl/XStaticList.h>
 
+#include <QItemSelectionModel>
 #include <QStringList>
+#include <QTreeView>
 
 // A plain field for the list tests: the list only reads fields, so the tests build exactly the
 // names, keys and kinds each case needs (repeated keys included).
@@ -66,4 +69,25 @@ inline QString namesOf(const PickerCtl::FieldsPtr &fields)
             names += field->Name();
     }
     return names;
+}
+
+// Selects rows given as a pattern: "x.xx." selects rows 0, 2 and 3.
+inline void selectPattern(PickerCtl::XStaticList &list, const QString &pattern)
+{
+    auto wanted = PickerCtl::Fields::create();
+    for (int row = 0; row < pattern.size(); ++row) {
+        if (pattern.at(row) == u'x')
+            wanted->Add(list.Items()->at(row));
+    }
+    list.SelectItems(wanted);
+}
+
+inline QString selectionPattern(const PickerCtl::XStaticList &list)
+{
+    QString pattern(list.Count(), u'.');
+    for (int row = 0; row < list.Count(); ++row) {
+        if (list.reportView()->selectionModel()->isRowSelected(row))
+            pattern[row] = u'x';
+    }
+    return pattern;
 }

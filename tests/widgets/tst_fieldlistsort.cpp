@@ -127,10 +127,7 @@ private Q_SLOTS:
         auto services = std::make_shared<CursorLogServices>();
         AppServices::setInstance(services);
         XStaticList list;
-        auto fields = Fields::create();
-        for (int i = 0; i < 50; ++i)
-            fields->Add(std::make_shared<StaticListTestField>(i + 1, QStringLiteral("Field %1").arg(i * 7 % 50)));
-        list.setItems(fields);
+        list.setItems(testFields("DBCA"));
         QVERIFY(list.SortByColumn(u"name"_qs));
         services->log()->clear();
 

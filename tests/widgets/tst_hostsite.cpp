@@ -1,6 +1,5 @@
 #include <PickerCtl/HostSite.h>
 
-#include <QSignalSpy>
 #include <QTest>
 #include <QWidget>
 
@@ -34,16 +33,6 @@ private Q_SLOTS:
         QCOMPARE(site.AmbientBackColor(), QColor(Qt::white));
         site.setAmbientBackColor(QColor());
         QCOMPARE(site.AmbientBackColor(), QColor(0x20, 0x40, 0x60));
-    }
-
-    void shouldPassPropertyChangesToTheHost()
-    {
-        QWidget control;
-        auto *site = new HostSite(&control);
-        QSignalSpy changed(site, &HostSite::PropertyChanged);
-        site->propertyChanged(QStringLiteral("ContextMenu"));
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(changed.at(0).at(0).toString(), QStringLiteral("ContextMenu"));
     }
 
     void shouldBalanceNestedRedrawRequests_data()

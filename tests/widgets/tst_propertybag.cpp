@@ -70,6 +70,13 @@ private Q_SLOTS:
                                           << QVariant(IndentationDefault);
         QTest::newRow("single from NaN text") << QVariant(QStringLiteral("nan")) << Float << false << QVariant();
         QTest::newRow("single beyond range") << QVariant(1e300) << Float << false << QVariant();
+        QTest::newRow("NaN single") << QVariant(std::numeric_limits<float>::quiet_NaN()) << Float << false << QVariant();
+        QTest::newRow("infinite single") << QVariant(std::numeric_limits<float>::infinity()) << Float << false
+                                         << QVariant();
+        QTest::newRow("infinity text") << QVariant(QStringLiteral("-inf")) << Float << false << QVariant();
+        QTest::newRow("beyond FLT_MAX text") << QVariant(QStringLiteral("3.5e38")) << Float << false << QVariant();
+        QTest::newRow("double rounding to infinity") << QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103)) << Float
+                                                     << false << QVariant();
         QTest::newRow("text from number") << QVariant(64) << String << true << QVariant(QStringLiteral("64"));
         QTest::newRow("text from list") << QVariant(QStringList{"a"}) << String << false << QVariant();
         QTest::newRow("colour from #rrggbb") << QVariant(QStringLiteral("#102030")) << Color << true
@@ -97,12 +104,14 @@ private Q_SLOTS:
             QCOMPARE(out, QVariant(QStringLiteral("untouched")));
     }
 
+    // The reader skips what it cannot take, so the property keeps its current value.
     void shouldSkipUnconvertibleValuesWhenReadingTyped()
     {
         MemoryPropertyBag bag;
         bag.setStoredValue(QStringLiteral("TemplateView"), QStringLiteral("tree"));
         bag.setStoredValue(QStringLiteral("ShowAll"), QStringLiteral("True"));
         QCOMPARE(readAs<int>(bag, QStringLiteral("TemplateView"), 0), std::nullopt);
+        QVERIFY(bag.contains(QStringLiteral("TemplateView")));
         QCOMPARE(readAs<bool>(bag, QStringLiteral("ShowAll"), false), std::optional<bool>(true));
         QCOMPARE(readAs<int>(bag, QStringLiteral("Absent"), 7), std::optional<int>(7));
     }
@@ -143,27 +152,6 @@ private Q_SLOTS:
         const std::optional<float> read = readAs<float>(bag, QStringLiteral("SplitterLeft"), 3000.0f);
         QVERIFY(read.has_value());
         QVERIFY(*read == value);
-    }
-
-    void shouldRefuseSinglesThatAreNoNumbers_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::newRow("NaN single") << QVariant(std::numeric_limits<float>::quiet_NaN());
-        QTest::newRow("infinite single") << QVariant(std::numeric_limits<float>::infinity());
-        QTest::newRow("NaN text") << QVariant(QStringLiteral("nan"));
-        QTest::newRow("infinity text") << QVariant(QStringLiteral("-inf"));
-        QTest::newRow("beyond FLT_MAX text") << QVariant(QStringLiteral("3.5e38"));
-        QTest::newRow("double rounding to infinity") << QVariant(std::ldexp(1.0, 128) - std::ldexp(1.0, 103));
-    }
-
-    // The reader skips what it cannot take, so the property keeps its current value.
-    void shouldRefuseSinglesThatAreNoNumbers()
-    {
-        QFETCH(QVariant, stored);
-        MemoryPropertyBag bag;
-        bag.setStoredValue(QStringLiteral("SplitterWidth"), stored);
-        QCOMPARE(readAs<float>(bag, QStringLiteral("SplitterWidth"), 64.0f), std::nullopt);
-        QVERIFY(bag.contains(QStringLiteral("SplitterWidth")));
     }
 
     void shouldKeepFontsAndColoursReadableInSettings()

@@ -1,6 +1,7 @@
 #include "staticlist_testfields.h"
 #include "widgets/staticliststatus.h"
 
+#include <PickerCtl/MemoryPropertyStore.h>
 #include <PickerCtl/XStaticList.h>
 
 #include <QDialog>
@@ -13,41 +14,6 @@
 #include <QTreeView>
 
 using namespace PickerCtl;
-
-namespace {
-
-// Selects rows given as a pattern: "x.xx." selects rows 0, 2 and 3.
-void selectPattern(XStaticList &list, const QString &pattern)
-{
-    auto wanted = Fields::create();
-    for (int row = 0; row < pattern.size(); ++row) {
-        if (pattern.at(row) == u'x')
-            wanted->Add(list.Items()->at(row));
-    }
-    list.SelectItems(wanted);
-}
-
-QString selectionPattern(const XStaticList &list)
-{
-    QString pattern(list.Count(), u'.');
-    for (int row = 0; row < list.Count(); ++row) {
-        if (list.reportView()->selectionModel()->isRowSelected(row))
-            pattern[row] = u'x';
-    }
-    return pattern;
-}
-
-class MemoryStore : public PropertyStore
-{
-public:
-    QVariant Item(const QString &key) const override { return values.value(key); }
-    void SetItem(const QString &key, const QVariant &value) override { values.insert(key, value); }
-    bool Contains(const QString &key) const override { return values.contains(key); }
-    void Remove(const QString &key) override { values.remove(key); }
-    QHash<QString, QVariant> values;
-};
-
-} // namespace
 
 class TestStaticList : public QObject
 {
@@ -102,27 +68,19 @@ private Q_SLOTS:
         QCOMPARE(changes.count(), 5);
     }
 
-    void shouldReportSelectionInDisplayOrder()
+    void shouldKeepSelectionThroughSortsAndReportItInDisplayOrder()
     {
         // Given a sorted list whose selection was made in another order
         XStaticList list;
         list.setItems(testFields("DBCA"));
         QVERIFY(list.SortByColumn(QStringLiteral("name")));
-        auto wanted = Fields::create();
-        wanted->Add(list.Items()->at(0));  // D
-        wanted->Add(list.Items()->at(3));  // A
-        list.SelectItems(wanted);
+        selectPattern(list, QStringLiteral("x..x"));  // D and A, by the collection's rows
 
-        // Then the selection reads top to bottom as shown
+        // Then the selection reads top to bottom as shown, the collection keeps its order
         QCOMPARE(namesOf(list.SelectedItems()), QStringLiteral("AD"));
         QCOMPARE(namesOf(list.Items()), QStringLiteral("DBCA"));
-    }
 
-    void shouldKeepSelectionWhenSorting()
-    {
-        XStaticList list;
-        list.setItems(testFields("DBCA"));
-        selectPattern(list, QStringLiteral("x..x"));
+        // When the sort turns round and is then cleared, the same items stay selected
         QVERIFY(list.SortByColumn(QStringLiteral("name"), Qt::DescendingOrder));
         QCOMPARE(namesOf(list.SelectedItems()), QStringLiteral("DA"));
         list.ClearHeaderIcon();
@@ -138,23 +96,28 @@ private Q_SLOTS:
         QTest::addColumn<QString>("selectionAfter");
         QTest::addColumn<bool>("canMoveUp");
         QTest::addColumn<bool>("canMoveDown");
-        QTest::newRow("middle up") << "..x.." << -1 << "ACBDE" << ".x..." << true << true;
-        QTest::newRow("top stays") << "x...." << -1 << "ABCDE" << "x...." << false << true;
-        QTest::newRow("top block stays, gap closes") << "xx.x." << -1 << "ABDCE" << "xxx.." << false << true;
-        QTest::newRow("gaps kept") << ".x.x." << -1 << "BADCE" << "x.x.." << true << true;
-        QTest::newRow("bottom stays") << "....x" << 1 << "ABCDE" << "....x" << true << false;
-        QTest::newRow("bottom block stays") << ".x.xx" << 1 << "ACBDE" << "..xxx" << true << false;
-        QTest::newRow("block down") << "xx..." << 1 << "CABDE" << ".xx.." << true << true;
-        QTest::newRow("nothing selected") << "....." << 1 << "ABCDE" << "....." << false << false;
+        QTest::addColumn<bool>("sorted");
+        QTest::newRow("middle up") << "..x.." << -1 << "ACBDE" << ".x..." << true << true << false;
+        QTest::newRow("top stays") << "x...." << -1 << "ABCDE" << "x...." << false << true << false;
+        QTest::newRow("top block stays, gap closes") << "xx.x." << -1 << "ABDCE" << "xxx.." << false << true << false;
+        QTest::newRow("gaps kept") << ".x.x." << -1 << "BADCE" << "x.x.." << true << true << false;
+        QTest::newRow("bottom stays") << "....x" << 1 << "ABCDE" << "....x" << true << false << false;
+        QTest::newRow("bottom block stays") << ".x.xx" << 1 << "ACBDE" << "..xxx" << true << false << false;
+        QTest::newRow("block down") << "xx..." << 1 << "CABDE" << ".xx.." << true << true << false;
+        QTest::newRow("nothing selected") << "....." << 1 << "ABCDE" << "....." << false << false << false;
+        QTest::newRow("sorted list never moves") << ".x..." << -1 << "ABCDE" << ".x..." << false << false << true;
     }
 
     void shouldMoveSelectionOnePlace()
     {
         QFETCH(QString, selection);
         QFETCH(int, direction);
+        QFETCH(bool, sorted);
         XStaticList list;
         auto items = testFields("ABCDE");
         list.setItems(items);
+        if (sorted)
+            QVERIFY(list.SortByColumn(QStringLiteral("name")));
         selectPattern(list, selection);
 
         if (direction < 0)
@@ -166,16 +129,6 @@ private Q_SLOTS:
         QTEST(selectionPattern(list), "selectionAfter");
         QTEST(list.CanMoveUp(), "canMoveUp");
         QTEST(list.CanMoveDown(), "canMoveDown");
-    }
-
-    void shouldNotMoveWhileSorted()
-    {
-        XStaticList list;
-        list.setItems(testFields("CBA"));
-        list.SortByColumn(QStringLiteral("name"));
-        selectPattern(list, QStringLiteral("x.."));
-        QVERIFY(!list.CanMoveUp());
-        QVERIFY(!list.CanMoveDown());
     }
 
     void shouldAddAndRemoveByObjectThenKey()
@@ -206,13 +159,18 @@ private Q_SLOTS:
         QCOMPARE(list.Count(), 3);
     }
 
-    void shouldShowNullItemsAsEmpty()
+    void shouldShowNullItemsAsEmptyAndKeepTheEmptyTextFlag()
     {
+        // Given a host that asked for the empty text, when new items and then none are set
         XStaticList list;
+        list.setShowEmptyText(true);
+        list.setItems(testFields("AB"));
         list.setItems(nullptr);
+        // Then the list is empty, not missing, and the flag is as the host set it
         QVERIFY(list.Items());
         QCOMPARE(list.Count(), 0);
         QCOMPARE(list.StatusText(), QStringLiteral("No fields"));
+        QVERIFY(list.ShowEmptyText());
     }
 
     void shouldWriteStatusText_data()
@@ -235,60 +193,31 @@ private Q_SLOTS:
         QTEST(staticListStatusText(count, selected, QLocale(QLocale::English)), "expected");
     }
 
-    void shouldSortOnHeaderClickOnlyWhenSortingIsOn_data()
+    void shouldSortByTheClickedHeaderAndTurnTheOrderOnTheNextClick()
     {
-        QTest::addColumn<bool>("sorting");
-        QTest::addColumn<QString>("sortColumn");
-        QTest::addColumn<QString>("firstShown");
-        QTest::newRow("sorting on: the name column sorts ascending") << true << "name" << "A";
-        QTest::newRow("sorting off: the template order stays") << false << "" << "C";
-    }
-
-    void shouldSortOnHeaderClickOnlyWhenSortingIsOn()
-    {
-        QFETCH(bool, sorting);
-        QFETCH(QString, sortColumn);
-        QFETCH(QString, firstShown);
+        // Given a shown list in the collection's order
         XStaticList list;
         list.resize(400, 200);
         list.show();
         QVERIFY(QTest::qWaitForWindowExposed(&list));
-        auto items = testFields("CBA");
-        list.setItems(items);
-        list.setSortingEnabled(sorting);
+        list.setItems(testFields("CBA"));
         QHeaderView *header = list.reportView()->header();
         const QPoint nameHeader(header->sectionViewportPosition(0) + 5, header->height() / 2);
         const auto first = [&list] { return list.reportView()->model()->index(0, 0).data().toString(); };
 
+        // When the name header is clicked, then clicked again
         QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, nameHeader);
-
-        QCOMPARE(list.SortColumn(), sortColumn);
-        QCOMPARE(first(), firstShown);
-        if (sorting) {
-            QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, nameHeader);
-            QCOMPARE(list.SortOrder(), Qt::DescendingOrder);
-            QCOMPARE(first(), QStringLiteral("C"));
-        } else {
-            QVERIFY(!list.SortByColumn(QStringLiteral("name")));
-            QCOMPARE(namesOf(items), QStringLiteral("CBA"));
-        }
-    }
-
-    void shouldKeepEmptyTextFlagAsSet()
-    {
-        // New items leave the flag as the host set it
-        XStaticList list;
-        list.setShowEmptyText(true);
-        list.setItems(testFields("AB"));
-        QVERIFY(list.ShowEmptyText());
-        list.setShowEmptyText(false);
-        QVERIFY(!list.ShowEmptyText());
+        QCOMPARE(list.SortColumn(), QStringLiteral("name"));
+        QCOMPARE(first(), QStringLiteral("A"));
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, nameHeader);
+        QCOMPARE(list.SortOrder(), Qt::DescendingOrder);
+        QCOMPARE(first(), QStringLiteral("C"));
     }
 
     void shouldSaveAndLoadColumnsUnderCaptionKey()
     {
         // Given a list whose layout was changed and saved
-        auto store = std::make_shared<MemoryStore>();
+        auto store = std::make_shared<MemoryPropertyStore>();
         XStaticList saved;
         saved.setCaption(QStringLiteral("Selected Fields"));
         saved.setProperties(store);
@@ -310,18 +239,12 @@ private Q_SLOTS:
         QCOMPARE(loaded.SortColumn(), QStringLiteral("type"));
         QCOMPARE(loaded.SortOrder(), Qt::DescendingOrder);
         QCOMPARE(loaded.ListProperties()->Serialise(), saved.ListProperties()->Serialise());
-    }
 
-    void shouldKeepLayoutWhenStoreEntryIsDamaged()
-    {
-        auto store = std::make_shared<MemoryStore>();
-        store->SetItem(QStringLiteral("Fields Columns"), QStringLiteral("PCLV1;sort=;cols=name:1:abc"));
-        XStaticList list;
-        list.setCaption(QStringLiteral("Fields"));
-        list.setProperties(store);
-        const QStringList before = list.VisibleColumns();
-        list.LoadProperties();
-        QCOMPARE(list.VisibleColumns(), before);
+        // When the stored entry is later damaged, loading it keeps the layout shown
+        store->SetItem(QStringLiteral("Selected Fields Columns"), QStringLiteral("PCLV1;sort=;cols=name:1:abc"));
+        loaded.LoadProperties();
+        QCOMPARE(loaded.VisibleColumns(), saved.VisibleColumns());
+        QCOMPARE(loaded.SortColumn(), QStringLiteral("type"));
     }
 
     void shouldNeverHideTheNameColumn()
@@ -371,17 +294,6 @@ private Q_SLOTS:
         QVERIFY(!list.setIconProvider(manager));
         list.setFrozen(false);
         QVERIFY(list.setIconProvider(manager));
-    }
-
-    void shouldKeepOneItemInSingleSelection()
-    {
-        XStaticList list;
-        list.setItems(testFields("ABC"));
-        list.setMultiSelect(false);
-        selectPattern(list, QStringLiteral("x.x"));
-        QCOMPARE(list.SelectedCount(), 1);
-        list.SelectAll();
-        QCOMPARE(list.SelectedCount(), 1);
     }
 };
 
