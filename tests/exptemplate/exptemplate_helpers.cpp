@@ -5,20 +5,14 @@
 #include <PickerCtl/XStaticList.h>
 #include <PickerCtl/testing/CatalogSpecs.h>
 
+#include <QTest>
+#include <QTreeView>
+
 using namespace PickerCtl;
 
 namespace TemplateTest {
 
 namespace {
-
-// Every field of the template tests belongs to user 1; a counter is the only field that is no expression.
-FieldSpec field(qint32 id, const QString &category, const QString &name, const QString &type, const QString &mask,
-                const QString &status = QStringLiteral("V"))
-{
-    FieldSpec spec = fieldSpec(id, category, name, type, 1, mask);
-    spec.validationStatus = status;
-    return spec;
-}
 
 FieldPtr fieldNamed(const MemoryCatalog &catalog, const QString &name)
 {
@@ -46,18 +40,18 @@ std::shared_ptr<MemoryCatalog> makeCatalog()
     catalog->addCategory(categorySpec(QStringLiteral("net"), QString(), QStringLiteral("Network"), 0, QStringLiteral("Entities")));
     catalog->addCategory(categorySpec(QStringLiteral("cell"), QStringLiteral("Entities"), QStringLiteral("Cell")));
     catalog->addCategory(categorySpec(QStringLiteral("traffic"), QStringLiteral("Entities"), QStringLiteral("Traffic")));
-    const QString cell = QStringLiteral("cell");
-    const QString traffic = QStringLiteral("traffic");
-    catalog->addField(field(1, cell, QStringLiteral("Cell Attempts"), QStringLiteral("CNT"), QStringLiteral("A")));
-    catalog->addField(field(2, cell, QStringLiteral("Cell Drops"), QStringLiteral("CNT"), QStringLiteral("B")));
-    catalog->addField(field(3, cell, QStringLiteral("Cell Load"), QStringLiteral("CNT"), QStringLiteral("AB")));
-    catalog->addField(field(4, cell, QStringLiteral("Drop Rate"), QStringLiteral("EXP"), QStringLiteral("A")));
-    catalog->addField(field(5, cell, QStringLiteral("Bad Rate"), QStringLiteral("EXP"), QStringLiteral("A"),
-                            QStringLiteral("N")));
-    catalog->addField(field(6, cell, QStringLiteral("Handover"), QStringLiteral("CNT"), QString()));
-    catalog->addField(field(7, traffic, QStringLiteral("Traffic Volume"), QStringLiteral("CNT"), QStringLiteral("C")));
-    catalog->addField(field(8, traffic, QStringLiteral("Traffic Errors"), QStringLiteral("UDC"), QStringLiteral("C"),
-                            QStringLiteral("N")));
+    // Every field belongs to user 1; a counter is the only field that is no expression.
+    const struct { qint32 id; const char *category, *name, *type, *mask, *status; } fields[] = {
+        {1, "cell", "Cell Attempts", "CNT", "A", "V"}, {2, "cell", "Cell Drops", "CNT", "B", "V"},
+        {3, "cell", "Cell Load", "CNT", "AB", "V"},    {4, "cell", "Drop Rate", "EXP", "A", "V"},
+        {5, "cell", "Bad Rate", "EXP", "A", "N"},      {6, "cell", "Handover", "CNT", "", "V"},
+        {7, "traffic", "Traffic Volume", "CNT", "C", "V"}, {8, "traffic", "Traffic Errors", "UDC", "C", "N"}};
+    for (const auto &f : fields) {
+        FieldSpec spec = fieldSpec(f.id, QLatin1String(f.category), QLatin1String(f.name), QLatin1String(f.type), 1,
+                                   QLatin1String(f.mask));
+        spec.validationStatus = QLatin1String(f.status);
+        catalog->addField(spec);
+    }
     catalog->addApplication(EmptyApp);
     return catalog;
 }
@@ -77,6 +71,21 @@ Services::~Services()
     MessageService::setInstance(nullptr);
     AppServices::setInstance(nullptr);
     FieldCatalog::setInstance(nullptr);
+}
+
+Fixture::Fixture(const QString &templateNames)
+{
+    editor.Load(App, QStringLiteral("Cell"), templateOf(services.catalog(), split(templateNames)));
+    for (XStaticList *list : {available(editor), selected(editor)})
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(
+            list->reportView()->model(), QAbstractItemModelTester::FailureReportingMode::QtTest));
+}
+
+bool showEditor(XExpTemplate &editor)
+{
+    editor.resize(900, 500);
+    editor.show();
+    return QTest::qWaitForWindowExposed(&editor);
 }
 
 XStaticList *available(const XExpTemplate &editor)

@@ -4,14 +4,15 @@
 #include <PickerCtl/TemplateFields.h>
 #include <PickerCtl/testing/CursorLog.h>
 #include <PickerCtl/testing/ScriptedMessageService.h>
+#include <PickerCtl/XExpTemplate.h>
+#include <PickerCtl/XStaticList.h>
 
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
 #include <QStringList>
+#include <QTest>
 #include <memory>
-
-namespace PickerCtl {
-class XExpTemplate;
-class XStaticList;
-}
+#include <vector>
 
 namespace TemplateTest {
 
@@ -54,6 +55,25 @@ private:
     std::shared_ptr<PickerCtl::ScriptedMessageService> m_messages;
 };
 
+/// An editor loaded with category "Cell" and a template of the named fields, both lists' models under test.
+struct Fixture
+{
+    explicit Fixture(const QString &templateNames);
+
+    Services services;
+    PickerCtl::XExpTemplate editor;
+    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+};
+
+/// Shows the editor at 900 x 500 and waits until it is exposed.
+bool showEditor(PickerCtl::XExpTemplate &editor);
+
+/// "A|B" as {"A", "B"}; the empty string as no names.
+inline QStringList split(const QString &joined)
+{
+    return joined.isEmpty() ? QStringList() : joined.split(QLatin1Char('|'));
+}
+
 /// The named child of the editor; fails the test's QVERIFY when absent.
 template<typename T>
 T *child(const PickerCtl::XExpTemplate &editor, const char *name);
@@ -72,8 +92,6 @@ PickerCtl::TemplateFieldsPtr templateOf(const PickerCtl::MemoryCatalog &catalog,
 QString names(const PickerCtl::TemplateFieldsPtr &tplfs);
 
 } // namespace TemplateTest
-
-#include <PickerCtl/XExpTemplate.h>
 
 template<typename T>
 T *TemplateTest::child(const PickerCtl::XExpTemplate &editor, const char *name)

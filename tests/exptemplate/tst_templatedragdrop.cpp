@@ -1,25 +1,15 @@
 #include "exptemplate_helpers.h"
 
 #include <PickerCtl/FieldClipboard.h>
-#include <PickerCtl/XExpTemplate.h>
-#include <PickerCtl/XStaticList.h>
 
-#include <QAbstractItemModelTester>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QSignalSpy>
-#include <QTest>
 #include <QTreeView>
 
 using namespace PickerCtl;
 using namespace TemplateTest;
 
 namespace {
-
-QStringList split(const QString &joined)
-{
-    return joined.isEmpty() ? QStringList() : joined.split(QLatin1Char('|'));
-}
 
 QString formatOf(const QString &app, const QString &editor, quint64 thread = currentThreadId())
 {
@@ -84,23 +74,6 @@ bool dropOn(XStaticList &list, const QMimeData *data, int row)
     return drop.isAccepted();
 }
 
-struct Fixture
-{
-    explicit Fixture(const QString &templateNames)
-    {
-        editor.Load(App, QStringLiteral("Cell"), templateOf(services.catalog(), split(templateNames)));
-        editor.resize(900, 500);
-        editor.show();
-        for (XStaticList *list : {available(editor), selected(editor)})
-            testers.push_back(std::make_unique<QAbstractItemModelTester>(
-                list->reportView()->model(), QAbstractItemModelTester::FailureReportingMode::QtTest));
-    }
-
-    Services services;
-    XExpTemplate editor;
-    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
-};
-
 } // namespace
 
 class TemplateDragDropTest : public QObject
@@ -108,161 +81,147 @@ class TemplateDragDropTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void shouldTakeFieldsDroppedFromAFieldPicker_data();
-    void shouldTakeFieldsDroppedFromAFieldPicker();
-    void shouldIgnoreForeignPayloads_data();
-    void shouldIgnoreForeignPayloads();
-    void shouldReorderRowsDraggedInsideTheTemplate_data();
-    void shouldReorderRowsDraggedInsideTheTemplate();
-    void shouldTakeFieldsDraggedFromTheAvailableList();
-};
+    void shouldTakeFieldsDroppedFromAFieldPicker_data()
+    {
+        QTest::addColumn<QString>("editorName");
+        QTest::addColumn<QString>("dropped");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("changes");
 
-void TemplateDragDropTest::shouldTakeFieldsDroppedFromAFieldPicker_data()
-{
-    QTest::addColumn<QString>("editorName");
-    QTest::addColumn<QString>("dropped");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<int>("changes");
-
-    QTest::newRow("between two rows") << "Fields" << "Traffic Volume|Cell Drops" << 1 << "Cell Attempts|Traffic Volume|Cell Drops|Drop Rate" << 1;
-    QTest::newRow("before the first row") << "Fields" << "Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
-    QTest::newRow("on the empty area: at the end") << "Fields" << "Handover" << 99 << "Cell Attempts|Drop Rate|Handover" << 1;
-    QTest::newRow("fields already there are skipped") << "Fields" << "Drop Rate|Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
-    QTest::newRow("only fields already there: no change") << "Fields" << "Drop Rate" << 0 << "Cell Attempts|Drop Rate" << 0;
-    QTest::newRow("a browser loaded without an editor name") << "" << "Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
-}
-
-void TemplateDragDropTest::shouldTakeFieldsDroppedFromAFieldPicker()
-{
-    QFETCH(QString, editorName);
-    QFETCH(QString, dropped);
-    QFETCH(int, row);
-    QFETCH(QString, after);
-    QFETCH(int, changes);
-
-    // Given a template and the payload of a field browser of the same application
-    Fixture f(QStringLiteral("Cell Attempts|Drop Rate"));
-    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
-    const auto payload = pickerPayload(f.services.catalog(), split(dropped), formatOf(App, editorName));
-    QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
-
-    // When it is dropped on the template
-    QVERIFY(dropOn(*selected(f.editor), payload.get(), row));
-
-    // Then the new fields stand where the mouse was, highlighted, and Changed came once
-    QCOMPARE(names(*selected(f.editor)), after);
-    QCOMPARE(selected(f.editor)->SelectedCount(), int(split(dropped).size()));
-    QCOMPARE(changed.count(), changes);
-}
-
-void TemplateDragDropTest::shouldIgnoreForeignPayloads_data()
-{
-    QTest::addColumn<QString>("kind");
-
-    QTest::newRow("another application") << "app";
-    QTest::newRow("another thread") << "thread";
-    QTest::newRow("garbage under the right format") << "garbage";
-    QTest::newRow("plain text only") << "text";
-    QTest::newRow("ids the catalogue does not know") << "unknown";
-    QTest::newRow("an id under another field's key") << "key";
-}
-
-void TemplateDragDropTest::shouldIgnoreForeignPayloads()
-{
-    QFETCH(QString, kind);
-
-    Fixture f(QStringLiteral("Cell Attempts"));
-    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
-    const QString ownFormat = formatOf(App, QStringLiteral("Fields"));
-    std::unique_ptr<QMimeData> payload;
-    if (kind == QLatin1String("app"))
-        payload = pickerPayload(f.services.catalog(), {"Cell Drops"}, formatOf(QStringLiteral("Planning"), QStringLiteral("Fields")));
-    else if (kind == QLatin1String("thread"))
-        payload = pickerPayload(f.services.catalog(), {"Cell Drops"}, formatOf(App, QStringLiteral("Fields"), currentThreadId() + 1));
-    else if (kind == QLatin1String("text")) {
-        payload = std::make_unique<QMimeData>();
-        payload->setText(QStringLiteral("Cell Drops"));
-    } else {
-        ClipboardFormats::Register(ownFormat);
-        payload = std::make_unique<QMimeData>();
-        QByteArray bytes("garbage");
-        if (kind == QLatin1String("unknown"))
-            bytes = encodedRef(FieldRef{999, QStringLiteral("F999")});
-        else if (kind == QLatin1String("key"))
-            bytes = encodedRef(FieldRef{2, QStringLiteral("F3")});
-        payload->setData(fieldMimeType(ownFormat), bytes);
-        // The references decode; only the catalogue look-up may refuse them.
-        QCOMPARE(decodeFieldRefs(payload.get(), ownFormat).has_value(), kind != QLatin1String("garbage"));
+        QTest::newRow("between two rows") << "Fields" << "Traffic Volume|Cell Drops" << 1 << "Cell Attempts|Traffic Volume|Cell Drops|Drop Rate" << 1;
+        QTest::newRow("before the first row") << "Fields" << "Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
+        QTest::newRow("on the empty area: at the end") << "Fields" << "Handover" << 99 << "Cell Attempts|Drop Rate|Handover" << 1;
+        QTest::newRow("fields already there are skipped") << "Fields" << "Drop Rate|Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
+        QTest::newRow("only fields already there: no change") << "Fields" << "Drop Rate" << 0 << "Cell Attempts|Drop Rate" << 0;
+        QTest::newRow("a browser loaded without an editor name") << "" << "Handover" << 0 << "Handover|Cell Attempts|Drop Rate" << 1;
     }
-    QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
 
-    dropOn(*selected(f.editor), payload.get(), 0);
+    void shouldTakeFieldsDroppedFromAFieldPicker()
+    {
+        QFETCH(QString, editorName);
+        QFETCH(QString, dropped);
+        QFETCH(int, row);
+        QFETCH(QString, after);
+        QFETCH(int, changes);
 
-    QCOMPARE(names(*selected(f.editor)), QStringLiteral("Cell Attempts"));
-    QCOMPARE(changed.count(), 0);
-}
+        // Given a template and the payload of a field browser of the same application
+        Fixture f(QStringLiteral("Cell Attempts|Drop Rate"));
+        QVERIFY(showEditor(f.editor));
+        const auto payload = pickerPayload(f.services.catalog(), split(dropped), formatOf(App, editorName));
+        QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
 
-void TemplateDragDropTest::shouldReorderRowsDraggedInsideTheTemplate_data()
-{
-    QTest::addColumn<QString>("picked");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<int>("changes");
+        // When it is dropped on the template
+        QVERIFY(dropOn(*selected(f.editor), payload.get(), row));
 
-    QTest::newRow("to the end") << "Cell Attempts|Cell Load" << 4 << "Cell Drops|Drop Rate|Cell Attempts|Cell Load" << 1;
-    QTest::newRow("to the top") << "Cell Load|Drop Rate" << 0 << "Cell Load|Drop Rate|Cell Attempts|Cell Drops" << 1;
-    QTest::newRow("into the middle") << "Cell Attempts" << 3 << "Cell Drops|Cell Load|Cell Attempts|Drop Rate" << 1;
-    QTest::newRow("onto itself: no change") << "Cell Drops|Cell Load" << 2 << "Cell Attempts|Cell Drops|Cell Load|Drop Rate" << 0;
-}
+        // Then the new fields stand where the mouse was, highlighted, and Changed came once
+        QCOMPARE(names(*selected(f.editor)), after);
+        QCOMPARE(selected(f.editor)->SelectedCount(), int(split(dropped).size()));
+        QCOMPARE(changed.count(), changes);
+    }
 
-void TemplateDragDropTest::shouldReorderRowsDraggedInsideTheTemplate()
-{
-    QFETCH(QString, picked);
-    QFETCH(int, row);
-    QFETCH(QString, after);
-    QFETCH(int, changes);
+    void shouldIgnoreForeignPayloads_data()
+    {
+        QTest::addColumn<QString>("kind");
 
-    // Given template rows selected and dragged, the drag ending over the template itself
-    Fixture f(QStringLiteral("Cell Attempts|Cell Drops|Cell Load|Drop Rate"));
-    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
-    XStaticList &list = *selected(f.editor);
-    selectByName(list, split(picked));
-    list.setDragExecutor([&](std::unique_ptr<QMimeData> data, Qt::DropActions) {
-        return dropOn(list, data.get(), row) ? Qt::MoveAction : Qt::IgnoreAction;
-    });
-    QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
+        QTest::newRow("another application") << "app";
+        QTest::newRow("another thread") << "thread";
+        QTest::newRow("garbage under the right format") << "garbage";
+        QTest::newRow("plain text only") << "text";
+        QTest::newRow("ids the catalogue does not know") << "unknown";
+        QTest::newRow("an id under another field's key") << "key";
+    }
 
-    // When the drop lands
-    list.startDrag(Qt::CopyAction);
+    void shouldIgnoreForeignPayloads()
+    {
+        QFETCH(QString, kind);
 
-    // Then the rows moved there together and stay selected
-    QCOMPARE(names(list), after);
-    QCOMPARE(list.SelectedCount(), int(split(picked).size()));
-    QCOMPARE(changed.count(), changes);
-}
+        Fixture f(QStringLiteral("Cell Attempts"));
+        QVERIFY(showEditor(f.editor));
+        const QString ownFormat = formatOf(App, QStringLiteral("Fields"));
+        std::unique_ptr<QMimeData> payload;
+        if (kind == QLatin1String("app"))
+            payload = pickerPayload(f.services.catalog(), {"Cell Drops"}, formatOf(QStringLiteral("Planning"), QStringLiteral("Fields")));
+        else if (kind == QLatin1String("thread"))
+            payload = pickerPayload(f.services.catalog(), {"Cell Drops"}, formatOf(App, QStringLiteral("Fields"), currentThreadId() + 1));
+        else if (kind == QLatin1String("text")) {
+            payload = std::make_unique<QMimeData>();
+            payload->setText(QStringLiteral("Cell Drops"));
+        } else {
+            ClipboardFormats::Register(ownFormat);
+            payload = std::make_unique<QMimeData>();
+            QByteArray bytes("garbage");
+            if (kind == QLatin1String("unknown"))
+                bytes = encodedRef(FieldRef{999, QStringLiteral("F999")});
+            else if (kind == QLatin1String("key"))
+                bytes = encodedRef(FieldRef{2, QStringLiteral("F3")});
+            payload->setData(fieldMimeType(ownFormat), bytes);
+            // The references decode; only the catalogue look-up may refuse them.
+            QCOMPARE(decodeFieldRefs(payload.get(), ownFormat).has_value(), kind != QLatin1String("garbage"));
+        }
+        QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
 
-void TemplateDragDropTest::shouldTakeFieldsDraggedFromTheAvailableList()
-{
-    Fixture f(QStringLiteral("Drop Rate"));
-    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
-    XStaticList &from = *available(f.editor);
-    XStaticList &to = *selected(f.editor);
-    selectByName(from, {"Cell Attempts", "Handover"});
-    std::optional<QList<qint32>> carried;
-    from.setDragExecutor([&](std::unique_ptr<QMimeData> data, Qt::DropActions) {
-        carried = decodeFieldIds(data.get(), formatOf(App, QStringLiteral("ExpTemplate")));
-        return dropOn(to, data.get(), 0) ? Qt::CopyAction : Qt::IgnoreAction;
-    });
-    QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
+        dropOn(*selected(f.editor), payload.get(), 0);
 
-    from.startDrag(Qt::CopyAction);
+        QCOMPARE(names(*selected(f.editor)), QStringLiteral("Cell Attempts"));
+        QCOMPARE(changed.count(), 0);
+    }
 
-    QCOMPARE(carried, std::optional<QList<qint32>>(QList<qint32>{1, 6}));
-    QCOMPARE(names(to), QStringLiteral("Cell Attempts|Handover|Drop Rate"));
-    QCOMPARE(from.Count(), 6);
-    QCOMPARE(changed.count(), 1);
-}
+    void shouldMoveOrTakeRowsDraggedOntoTheTemplate_data()
+    {
+        QTest::addColumn<bool>("fromTemplate");
+        QTest::addColumn<QString>("picked");
+        QTest::addColumn<QList<qint32>>("carried");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("changes");
+
+        QTest::newRow("to the end") << true << "Cell Attempts|Cell Load" << QList<qint32>{1, 3} << 4
+                                    << "Cell Drops|Drop Rate|Cell Attempts|Cell Load" << 1;
+        QTest::newRow("to the top") << true << "Cell Load|Drop Rate" << QList<qint32>{3, 4} << 0
+                                    << "Cell Load|Drop Rate|Cell Attempts|Cell Drops" << 1;
+        QTest::newRow("into the middle") << true << "Cell Attempts" << QList<qint32>{1} << 3
+                                         << "Cell Drops|Cell Load|Cell Attempts|Drop Rate" << 1;
+        QTest::newRow("onto itself: no change") << true << "Cell Drops|Cell Load" << QList<qint32>{2, 3} << 2
+                                                << "Cell Attempts|Cell Drops|Cell Load|Drop Rate" << 0;
+        QTest::newRow("from the available list: copied in") << false << "Bad Rate|Handover" << QList<qint32>{5, 6} << 1
+                                                            << "Cell Attempts|Bad Rate|Handover|Cell Drops|Cell Load|Drop Rate" << 1;
+    }
+
+    void shouldMoveOrTakeRowsDraggedOntoTheTemplate()
+    {
+        QFETCH(bool, fromTemplate);
+        QFETCH(QString, picked);
+        QFETCH(QList<qint32>, carried);
+        QFETCH(int, row);
+        QFETCH(QString, after);
+        QFETCH(int, changes);
+
+        // Given rows selected in one of the lists and dragged, the drag ending over the template
+        Fixture f(QStringLiteral("Cell Attempts|Cell Drops|Cell Load|Drop Rate"));
+        QVERIFY(showEditor(f.editor));
+        XStaticList &from = fromTemplate ? *selected(f.editor) : *available(f.editor);
+        XStaticList &to = *selected(f.editor);
+        selectByName(from, split(picked));
+        std::optional<QList<qint32>> ids;
+        from.setDragExecutor([&](std::unique_ptr<QMimeData> data, Qt::DropActions) {
+            ids = decodeFieldIds(data.get(), formatOf(App, QStringLiteral("ExpTemplate")));
+            return dropOn(to, data.get(), row) ? Qt::MoveAction : Qt::IgnoreAction;
+        });
+        QSignalSpy changed(&f.editor, &XExpTemplate::Changed);
+
+        // When the drop lands
+        from.startDrag(Qt::CopyAction);
+
+        // Then the drag carried the fields' ids, and the rows stand there together, selected; the search result
+        // keeps every field
+        QCOMPARE(ids, std::optional<QList<qint32>>(carried));
+        QCOMPARE(names(to), after);
+        QCOMPARE(to.SelectedCount(), int(carried.size()));
+        QCOMPARE(available(f.editor)->Count(), 6);
+        QCOMPARE(changed.count(), changes);
+    }
+};
 
 QTEST_MAIN(TemplateDragDropTest)
 #include "tst_templatedragdrop.moc"

@@ -32,16 +32,6 @@ TechnologyTypesPtr TechCatalog::GetTechnologyTypes()
     return MemoryCatalog::GetTechnologyTypes();
 }
 
-CatalogScope::CatalogScope(std::shared_ptr<FieldCatalog> catalog)
-{
-    FieldCatalog::setInstance(std::move(catalog));
-}
-
-CatalogScope::~CatalogScope()
-{
-    FieldCatalog::setInstance(nullptr);
-}
-
 QModelIndex nodeIndex(const XTreeOpt &tree, const QString &caption)
 {
     const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, caption, 1,

@@ -38,11 +38,13 @@ public:
 };
 
 /// Installs a catalogue as the thread's FieldCatalog for the scope's lifetime.
-class CatalogScope
+struct CatalogScope
 {
-public:
-    explicit CatalogScope(std::shared_ptr<PickerCtl::FieldCatalog> catalog);
-    ~CatalogScope();
+    explicit CatalogScope(std::shared_ptr<PickerCtl::FieldCatalog> catalog)
+    {
+        PickerCtl::FieldCatalog::setInstance(std::move(catalog));
+    }
+    ~CatalogScope() { PickerCtl::FieldCatalog::setInstance(nullptr); }
 };
 
 /// The tree node captioned so.

@@ -83,39 +83,72 @@ private Q_SLOTS:
         }
     }
 
-    void shouldRoundTripMasks_data()
+    void shouldApplyTheHostsOperations_data()
     {
-        QTest::addColumn<bool>("overlapping");
-        QTest::addColumn<QString>("mask");
+        QTest::addColumn<QList<Tech>>("techs");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("operation");
         QTest::addColumn<QString>("expectedMask");
         QTest::addColumn<qint32>("expectedBits");
+        QTest::addColumn<int>("expectedSignals");
 
-        QTest::newRow("empty mask clears a full selection") << false << "" << "" << 0;
-        QTest::newRow("all codes tick every type") << false << "GULN" << "GULN" << 15;
-        QTest::newRow("reversed codes come back in catalogue order") << false << "NLUG" << "GULN" << 15;
-        QTest::newRow("replaces, does not add to, the selection") << false << "U" << "U" << 2;
-        QTest::newRow("unknown characters are ignored") << false << "x-G?zL " << "GL" << 5;
-        QTest::newRow("codes are case-sensitive") << false << "gulN" << "N" << 8;
-        QTest::newRow("a repeated code counts once") << false << "LLL" << "L" << 4;
-        QTest::newRow("a longer code ticks the code inside it") << true << "LA" << "LLA" << 20;
-        QTest::newRow("the shorter code alone leaves the longer one") << true << "GL" << "GL" << 5;
+        const QList<Tech> d = distinctTechs();
+        const QList<Tech> o = overlappingTechs();
+        QTest::newRow("SetMask: empty mask clears a full selection") << d << "GULN" << "SetMask " << "" << 0 << 4;
+        QTest::newRow("SetMask: reversed codes come back in catalogue order")
+            << d << "" << "SetMask NLUG" << "GULN" << 15 << 4;
+        QTest::newRow("SetMask: replaces, does not add to, the selection")
+            << d << "GULN" << "SetMask U" << "U" << 2 << 3;
+        QTest::newRow("SetMask: unknown characters are ignored") << d << "" << "SetMask x-G?zL " << "GL" << 5 << 2;
+        QTest::newRow("SetMask: codes are case-sensitive") << d << "" << "SetMask gulN" << "N" << 8 << 1;
+        QTest::newRow("SetMask: a repeated code counts once") << d << "" << "SetMask LLL" << "L" << 4 << 1;
+        QTest::newRow("SetMask: once per changed type") << d << "G" << "SetMask UL" << "UL" << 6 << 3;
+        QTest::newRow("SetMask: the same mask changes nothing") << d << "GU" << "SetMask UG" << "GU" << 3 << 0;
+        QTest::newRow("SetMask: a longer code ticks the code inside it") << o << "" << "SetMask LA" << "LLA" << 20 << 2;
+        QTest::newRow("SetMask: the shorter code alone leaves the longer one") << o << "" << "SetMask GL" << "GL" << 5 << 2;
+        QTest::newRow("SetAll on a cleared tree") << d << "" << "SetAll" << "GULN" << 15 << 1;
+        QTest::newRow("SetAll on a full tree changes nothing") << d << "GULN" << "SetAll" << "GULN" << 15 << 0;
+        QTest::newRow("ClearAll on a partly ticked tree") << d << "GU" << "ClearAll" << "" << 0 << 1;
+        QTest::newRow("ClearAll on a cleared tree changes nothing") << d << "" << "ClearAll" << "" << 0 << 0;
+        QTest::newRow("root ticked by the user") << d << "G" << "click root" << "GULN" << 15 << 1;
+        QTest::newRow("rebuilding loses every tick and raises nothing") << d << "GU" << "Initialize" << "" << 0 << 0;
+        const QList<Tech> huge = {{QStringLiteral("A"), QStringLiteral("A"), 0x40000000},
+                                  {QStringLiteral("B"), QStringLiteral("B"), 0x40000000}};
+        QTest::newRow("bits past 32 bits wrap instead of overflowing") << huge << "A" << "SetAll" << "AB"
+                                                                        << qint32(0x80000000u) << 1;
     }
 
-    void shouldRoundTripMasks()
+    void shouldApplyTheHostsOperations()
     {
-        QFETCH(bool, overlapping);
-        QFETCH(QString, mask);
+        QFETCH(QList<Tech>, techs);
+        QFETCH(QString, start);
+        QFETCH(QString, operation);
         QFETCH(QString, expectedMask);
         QFETCH(qint32, expectedBits);
-        // Given a built tree with every type ticked
-        Fixture f(overlapping ? overlappingTechs() : distinctTechs());
+        QFETCH(int, expectedSignals);
+        // Given a built tree with the start mask
+        Fixture f(techs);
         QVERIFY(f.control.InitializeTechnologyTypes());
-        f.control.SetAll();
+        QVERIFY(f.control.SetMask(start));
+        QSignalSpy stateChanged(&f.control, &XTechnologies::StateChanged);
 
-        // When the host sets the mask
-        QVERIFY(f.control.SetMask(mask));
+        // When the host runs the operation, or the user ticks the root
+        if (operation == QLatin1String("SetAll")) {
+            f.control.SetAll();
+        } else if (operation == QLatin1String("ClearAll")) {
+            f.control.ClearAll();
+        } else if (operation == QLatin1String("Initialize")) {
+            QVERIFY(f.control.InitializeTechnologyTypes());
+        } else if (operation == QLatin1String("click root")) {
+            QVERIFY(showAndExpose(f.control));
+            XTreeOpt *tvw = f.control.tree();
+            QTest::mouseClick(tvw->viewport(), Qt::LeftButton, {}, checkBoxCentre(*tvw, nodeIndex(*tvw, RootKey)));
+        } else {
+            QVERIFY(f.control.SetMask(operation.sliced(8))); // the mask after "SetMask "
+        }
 
-        // Then mask, bits and validity read back the types it names, in catalogue order
+        // Then mask, bits and validity read back the ticked types in catalogue order, each type once,
+        // and StateChanged came once per change the tree reports
         bool ok = false;
         QCOMPARE(f.control.GetMask(&ok), expectedMask);
         QVERIFY(ok);
@@ -123,55 +156,11 @@ private Q_SLOTS:
         QCOMPARE(bits.metaType(), QMetaType::fromType<qint32>());
         QCOMPARE(bits.value<qint32>(), expectedBits);
         QCOMPARE(f.control.IsValid(), !expectedMask.isEmpty());
+        QCOMPARE(f.control.tree()->Count(), techs.size() + 1);
+        QCOMPARE(stateChanged.count(), expectedSignals);
         // and the mask read back sets the same selection again
         QVERIFY(f.control.SetMask(f.control.GetMask()));
         QCOMPARE(f.control.GetMask(), expectedMask);
-    }
-
-    void shouldSumBitsFollowingTheRoot_data()
-    {
-        QTest::addColumn<QList<Tech>>("techs");
-        QTest::addColumn<QString>("operation");
-        QTest::addColumn<qint32>("expectedBits");
-        QTest::addColumn<bool>("expectedValid");
-
-        QTest::newRow("root ticked sums every bit") << distinctTechs() << "SetAll" << 15 << true;
-        QTest::newRow("root cleared sums nothing") << distinctTechs() << "ClearAll" << 0 << false;
-        QTest::newRow("root ticked by the user") << distinctTechs() << "click root" << 15 << true;
-        QTest::newRow("partly ticked root sums the ticked types") << distinctTechs() << "SetMask UN" << 10 << true;
-        const QList<Tech> huge = {{QStringLiteral("A"), QStringLiteral("A"), 0x40000000},
-                                  {QStringLiteral("B"), QStringLiteral("B"), 0x40000000}};
-        QTest::newRow("bits past 32 bits wrap instead of overflowing") << huge << "SetAll" << qint32(0x80000000u)
-                                                                        << true;
-    }
-
-    void shouldSumBitsFollowingTheRoot()
-    {
-        QFETCH(QList<Tech>, techs);
-        QFETCH(QString, operation);
-        QFETCH(qint32, expectedBits);
-        QFETCH(bool, expectedValid);
-        // Given a shown tree with one type ticked
-        Fixture f(techs);
-        QVERIFY(f.control.InitializeTechnologyTypes());
-        f.control.tree()->setCheckValue(techs.first().name, 1);
-        QVERIFY(showAndExpose(f.control));
-
-        // When the root is ticked, cleared or the mask set
-        if (operation == QLatin1String("SetAll")) {
-            f.control.SetAll();
-        } else if (operation == QLatin1String("ClearAll")) {
-            f.control.ClearAll();
-        } else if (operation == QLatin1String("click root")) {
-            XTreeOpt *tvw = f.control.tree();
-            QTest::mouseClick(tvw->viewport(), Qt::LeftButton, {}, checkBoxCentre(*tvw, nodeIndex(*tvw, RootKey)));
-        } else {
-            QVERIFY(f.control.SetMask(operation.section(QLatin1Char(' '), 1)));
-        }
-
-        // Then the bits follow
-        QCOMPARE(f.control.TechBits().value<qint32>(), expectedBits);
-        QCOMPARE(f.control.IsValid(), expectedValid);
     }
 
     void shouldLetOnlyTheHostChangeTicksWhileLocked_data()
@@ -198,11 +187,12 @@ private Q_SLOTS:
         QFETCH(QString, node);
         QFETCH(QString, expectedMask);
         QFETCH(int, expectedSignals);
-        // Given a shown tree with GSM ticked, locked or not
+        // Given a shown tree with GSM ticked, locked or not before it was built again
         Fixture f;
         QVERIFY(f.control.InitializeTechnologyTypes());
-        QVERIFY(f.control.SetMask(QStringLiteral("G")));
         f.control.setLocked(locked);
+        QVERIFY(f.control.InitializeTechnologyTypes());
+        QVERIFY(f.control.SetMask(QStringLiteral("G")));
         QCOMPARE(f.control.Locked(), locked);
         QVERIFY(showAndExpose(f.control));
         QSignalSpy stateChanged(&f.control, &XTechnologies::StateChanged);
@@ -247,80 +237,22 @@ private Q_SLOTS:
         QCOMPARE(unlockedAgain, unlocked);
     }
 
-    void shouldRaiseStateChangedPerReportedChange_data()
-    {
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("operation");
-        QTest::addColumn<int>("expectedSignals");
-
-        QTest::newRow("SetAll on a cleared tree") << "" << "SetAll" << 1;
-        QTest::newRow("SetAll on a full tree changes nothing") << "GULN" << "SetAll" << 0;
-        QTest::newRow("ClearAll on a partly ticked tree") << "GU" << "ClearAll" << 1;
-        QTest::newRow("ClearAll on a cleared tree changes nothing") << "" << "ClearAll" << 0;
-        QTest::newRow("SetMask: once per changed type") << "G" << "SetMask UL" << 3;
-        QTest::newRow("SetMask with the same mask changes nothing") << "GU" << "SetMask UG" << 0;
-        QTest::newRow("rebuilding raises nothing") << "GU" << "Initialize" << 0;
-    }
-
-    void shouldRaiseStateChangedPerReportedChange()
-    {
-        QFETCH(QString, start);
-        QFETCH(QString, operation);
-        QFETCH(int, expectedSignals);
-        // Given a built tree with the start mask
-        Fixture f;
-        QVERIFY(f.control.InitializeTechnologyTypes());
-        QVERIFY(f.control.SetMask(start));
-        QSignalSpy stateChanged(&f.control, &XTechnologies::StateChanged);
-
-        // When the host runs the operation
-        if (operation == QLatin1String("SetAll"))
-            f.control.SetAll();
-        else if (operation == QLatin1String("ClearAll"))
-            f.control.ClearAll();
-        else if (operation == QLatin1String("Initialize"))
-            QVERIFY(f.control.InitializeTechnologyTypes());
-        else
-            QVERIFY(f.control.SetMask(operation.section(QLatin1Char(' '), 1)));
-
-        // Then StateChanged comes once per change the tree reports
-        QCOMPARE(stateChanged.count(), expectedSignals);
-    }
-
-    void shouldDoNothingBeforeTheTreeIsBuilt_data()
-    {
-        QTest::addColumn<QString>("operation");
-        QTest::newRow("IsValid") << "IsValid";
-        QTest::newRow("SetAll") << "SetAll";
-        QTest::newRow("ClearAll") << "ClearAll";
-        QTest::newRow("SetMask") << "SetMask";
-        QTest::newRow("GetMask") << "GetMask";
-        QTest::newRow("TechBits") << "TechBits";
-        QTest::newRow("Locked and Enabled") << "Locked";
-    }
-
     void shouldDoNothingBeforeTheTreeIsBuilt()
     {
-        QFETCH(QString, operation);
         // Given a control whose tree was never built
         Fixture f;
         QSignalSpy stateChanged(&f.control, &XTechnologies::StateChanged);
 
-        // When the host calls an operation
-        if (operation == QLatin1String("SetAll")) {
-            f.control.SetAll();
-        } else if (operation == QLatin1String("ClearAll")) {
-            f.control.ClearAll();
-        } else if (operation == QLatin1String("SetMask")) {
-            QVERIFY(!f.control.SetMask(QStringLiteral("GULN")));
-        } else if (operation == QLatin1String("Locked")) {
-            f.control.setLocked(true);
-            f.control.setEnabled(false);
-            QVERIFY(f.control.Locked());
-            QVERIFY(!f.control.Enabled());
-        }
+        // When the host clears, sets a mask, ticks all, locks and disables it
+        f.control.ClearAll();
+        QVERIFY(!f.control.SetMask(QStringLiteral("GULN")));
+        f.control.SetAll();
+        f.control.setLocked(true);
+        f.control.setEnabled(false);
 
-        // Then nothing is ticked, nothing is raised, and the catalogue is not asked
+        // Then the properties are kept, nothing is ticked, nothing is raised, and the catalogue is not asked
+        QVERIFY(f.control.Locked());
+        QVERIFY(!f.control.Enabled());
         bool ok = false;
         QCOMPARE(f.control.GetMask(&ok), QString());
         QVERIFY(ok);
@@ -329,24 +261,6 @@ private Q_SLOTS:
         QCOMPARE(f.control.tree()->Count(), 0);
         QCOMPARE(stateChanged.count(), 0);
         QCOMPARE(f.catalog->typeListCalls, 0);
-    }
-
-    void shouldLoseEveryTickOnASecondBuild()
-    {
-        // Given a built tree with ticks, locked
-        Fixture f;
-        QVERIFY(f.control.InitializeTechnologyTypes());
-        QVERIFY(f.control.SetMask(QStringLiteral("GN")));
-        f.control.setLocked(true);
-
-        // When it is built again
-        QVERIFY(f.control.InitializeTechnologyTypes());
-
-        // Then every type is there once and none is ticked; the lock stays
-        QCOMPARE(f.control.tree()->Count(), 5);
-        QCOMPARE(f.control.GetMask(), QString());
-        QVERIFY(!f.control.IsValid());
-        QVERIFY(f.control.Locked());
     }
 
     void shouldSkipTypesAddedAfterTheBuild()
@@ -369,8 +283,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("operation");
         QTest::newRow("InitializeTechnologyTypes") << "Initialize";
         QTest::newRow("SetMask") << "SetMask";
-        QTest::newRow("GetMask") << "GetMask";
-        QTest::newRow("TechBits") << "TechBits";
     }
 
     void shouldReportAFailingCatalogueAndKeepTheTicks()
@@ -401,32 +313,7 @@ private Q_SLOTS:
         QCOMPARE(f.control.GetMask(), QStringLiteral("UL"));
     }
 
-    void shouldFillTheControlAtEverySize_data()
-    {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("normal") << QSize(240, 180);
-        QTest::newRow("wide and short") << QSize(600, 40);
-        QTest::newRow("tiny") << QSize(3, 2);
-    }
-
-    void shouldFillTheControlAtEverySize()
-    {
-        QFETCH(QSize, size);
-        // Given a shown control
-        Fixture f;
-        QVERIFY(f.control.InitializeTechnologyTypes());
-        QVERIFY(showAndExpose(f.control));
-
-        // When it is resized
-        f.control.resize(size);
-        QCoreApplication::sendPostedEvents();
-        QApplication::processEvents();
-
-        // Then the tree covers it exactly
-        QCOMPARE(f.control.tree()->geometry(), f.control.rect());
-    }
-
-    void shouldHintASizeThatShowsEveryType()
+    void shouldHintASizeThatShowsEveryTypeAndFillTheControlAtEverySize()
     {
         // Given a control before and after the build
         Fixture f;
@@ -447,6 +334,13 @@ private Q_SLOTS:
         f.control.resize(builtHint);
         QVERIFY(showAndExpose(f.control));
         QCOMPARE(tvw->verticalScrollBar()->maximum(), 0);
+        // and at any size, also wide and short or tiny, the tree covers the control exactly
+        for (const QSize size : {builtHint, QSize(600, 40), QSize(3, 2)}) {
+            f.control.resize(size);
+            QCoreApplication::sendPostedEvents();
+            QApplication::processEvents();
+            QCOMPARE(tvw->geometry(), f.control.rect());
+        }
     }
 };
 
