@@ -1,7 +1,5 @@
 #include "catalog_test_helpers.h"
 
-#include <PickerCtl/testing/CatalogSpecs.h>
-
 namespace PickerCtl::test {
 
 std::shared_ptr<MemoryCatalog> sampleCatalog()

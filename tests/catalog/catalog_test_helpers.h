@@ -1,6 +1,7 @@
 #pragma once
 
 #include <PickerCtl/MemoryCatalog.h>
+#include <PickerCtl/testing/CatalogSpecs.h>
 
 #include <memory>
 

@@ -36,23 +36,36 @@ void logIn(qint32 id, bool administrator)
         std::make_shared<FixedUser>(UserSpec{id, QStringLiteral("user"), administrator})));
 }
 
-/// Refuses every change, as a store that has gone read-only would.
-class FailingWriter : public CatalogWriter
-{
-public:
-    void changeOwner(const QList<qint32> &, qint32) override { throw CatalogError(QStringLiteral("store is read-only")); }
-    void deleteFields(const QList<qint32> &) override { throw CatalogError(QStringLiteral("store is read-only")); }
-};
-
+/// Records what reaches the store, or refuses every change as a store gone read-only would.
 class RecordingWriter : public CatalogWriter
 {
 public:
-    void changeOwner(const QList<qint32> &ids, qint32 owner) override { ownerIds = ids; newOwner = owner; }
-    void deleteFields(const QList<qint32> &ids) override { deletedIds = ids; }
+    explicit RecordingWriter(bool failing = false) : failing(failing) {}
+    void changeOwner(const QList<qint32> &ids, qint32 owner) override { refuseIfFailing(); ownerIds = ids; newOwner = owner; }
+    void deleteFields(const QList<qint32> &ids) override { refuseIfFailing(); deletedIds = ids; }
+    void refuseIfFailing() const { if (failing) throw CatalogError(QStringLiteral("store is read-only")); }
+    bool failing;
     QList<qint32> ownerIds;
     qint32 newOwner = 0;
     QList<qint32> deletedIds;
 };
+
+/// The sample catalogue with a writer, as the given user sees it.
+std::shared_ptr<MemoryCatalog> sampleFor(qint32 userId, const std::shared_ptr<RecordingWriter> &writer)
+{
+    logIn(userId, userId == sample::Admin);
+    auto catalog = sampleCatalog();
+    catalog->setWriter(writer);
+    return catalog;
+}
+
+FieldsPtr fieldsWithIds(MemoryCatalog &catalog, const QList<qint32> &ids)
+{
+    auto fields = Fields::create();
+    for (const qint32 id : ids)
+        fields->Add(catalog.GetField(sample::App, id));
+    return fields;
+}
 
 } // namespace
 
@@ -63,7 +76,7 @@ class TestMemoryCatalog : public QObject
 private Q_SLOTS:
     void cleanup() { UserContext::setInstance(nullptr); }
 
-    void shouldBuildTheSampleShapeWithEntityAndGenericBranches()
+    void shouldBuildTheSampleShapeAndFindNodesByNodeKeyAndCategoriesByKey()
     {
         auto catalog = sampleCatalog();
         const auto nodes = catalog->GetCategoryTree(sample::App)->Nodes();
@@ -73,13 +86,6 @@ private Q_SLOTS:
         QCOMPARE(childKeys(nodes->Find(genericLabel())), (QStringList{QStringLiteral("SYS"), QStringLiteral("TRF")}));
         QCOMPARE(nodes->Find(QStringLiteral("Entities"))->Category()->Name(), QStringLiteral("Network"));
         QCOMPARE(genericLabel(), QStringLiteral("Generic Categories"));
-    }
-
-    void shouldFindNodesByNodeKeyAndCategoriesByCategoryKey()
-    {
-        auto catalog = sampleCatalog();
-        const auto nodes = catalog->GetCategoryTree(sample::App)->Nodes();
-
         // The entity branch's node is keyed "Entities"; its category keeps its own key.
         QVERIFY(nodes->Find(QStringLiteral("NET")) == nullptr);
         QCOMPARE(nodes->CategoryByKey(QStringLiteral("NET"))->Name(), QStringLiteral("Network"));
@@ -108,11 +114,8 @@ private Q_SLOTS:
         QFETCH(QString, expectedKey);
         auto catalog = sampleCatalog();
         // A category whose name equals another category's full name
-        CategorySpec clash;
-        clash.key = QStringLiteral("CLASH");
-        clash.parentKey = QStringLiteral("TRF");
-        clash.name = QStringLiteral("Catalogue\\Generic\\Traffic");
-        catalog->addCategory(clash);
+        catalog->addCategory(categorySpec(QStringLiteral("CLASH"), QStringLiteral("TRF"),
+                                          QStringLiteral("Catalogue\\Generic\\Traffic")));
         const FieldCategoryPtr category = catalog->GetCategory(sample::App, name);
         QCOMPARE(category ? category->Key() : QString(), expectedKey);
         QVERIFY(catalog->GetCategory(QStringLiteral("Other"), name) == nullptr);
@@ -138,13 +141,8 @@ private Q_SLOTS:
         QFETCH(QString, nodeKey);
         auto catalog = sampleCatalog();
         const qsizetype before = catalog->Categories(sample::App).size();
-        CategorySpec spec;
-        spec.key = key;
-        spec.parentKey = parentKey;
-        spec.nodeKey = nodeKey;
-        spec.name = QStringLiteral("New");
-
-        QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->addCategory(spec));
+        QVERIFY_THROWS_EXCEPTION(CatalogError,
+                                 catalog->addCategory(categorySpec(key, parentKey, QStringLiteral("New"), 0, nodeKey)));
         QCOMPARE(catalog->Categories(sample::App).size(), before);
     }
 
@@ -226,18 +224,9 @@ private Q_SLOTS:
         MemoryCatalog catalog;
         catalog.addUser({1, QStringLiteral("admin"), true});
         catalog.addApplication(sample::App);
-        CategorySpec root;
-        root.key = QStringLiteral("ROOT");
-        root.name = sample::App;
-        catalog.addCategory(root);
-        FieldSpec spec;
-        spec.categoryKey = root.key;
-        spec.ownerId = 1;
-        for (const qint32 id : ids) {
-            spec.id = id;
-            spec.name = QString::number(id);
-            catalog.addField(spec);
-        }
+        catalog.addCategory(categorySpec(QStringLiteral("ROOT"), QString(), sample::App));
+        for (const qint32 id : ids)
+            catalog.addField(fieldSpec(id, QStringLiteral("ROOT"), QString::number(id), QStringLiteral("CNT"), 1, QString()));
 
         for (const qint32 id : ids) {
             const FieldPtr field = catalog.GetField(sample::App, id);
@@ -247,9 +236,8 @@ private Q_SLOTS:
             QVERIFY2(!catalog.GetField(sample::App, id), qPrintable(QString::number(id)));
         // Every id is refused a second time, wherever the first one went
         for (const qint32 id : {ids.first(), ids.last()}) {
-            spec.id = id;
-            spec.name = QStringLiteral("again");
-            QVERIFY_THROWS_EXCEPTION(CatalogError, catalog.addField(spec));
+            QVERIFY_THROWS_EXCEPTION(CatalogError, catalog.addField(fieldSpec(id, QStringLiteral("ROOT"), QStringLiteral("again"),
+                                                                              QStringLiteral("CNT"), 1, QString())));
             QCOMPARE(catalog.GetField(sample::App, id)->Name(), QString::number(id));
         }
         QCOMPARE(catalog.GetCategoryTree(sample::App)->AllFields(0)->Count(), qint32(ids.size()));
@@ -258,20 +246,13 @@ private Q_SLOTS:
     void shouldDeleteFieldsExceptTheExceptionsAndTellPerCategory()
     {
         // Given an administrator deleting three fields of two categories, one of them excepted
-        logIn(sample::Admin, true);
-        auto catalog = sampleCatalog();
         auto writer = std::make_shared<RecordingWriter>();
-        catalog->setWriter(writer);
+        auto catalog = sampleFor(sample::Admin, writer);
         const auto all = catalog->GetCategoryTree(sample::App)->AllFields(0);
         QSignalSpy changes(catalog->GetFieldUpdates().get(), &FieldUpdates::FieldsChange);
-        auto doomed = Fields::create();
-        for (int id : {10, 12, 11})
-            doomed->Add(catalog->GetField(sample::App, id));
-        auto exceptions = Fields::create();
-        exceptions->Add(catalog->GetField(sample::App, 11));
 
         // When
-        catalog->DeleteFields(doomed, exceptions);
+        catalog->DeleteFields(fieldsWithIds(*catalog, {10, 12, 11}), fieldsWithIds(*catalog, {11}));
 
         // Then the writer, the categories, the shared AllFields and the notifier all agree
         QCOMPARE(writer->deletedIds, (QList<qint32>{10, 12}));
@@ -291,13 +272,9 @@ private Q_SLOTS:
     void shouldRefuseAForeignFieldToANonAdministratorAndChangeNothing()
     {
         // Given Alice, who owns field 12 but not field 14
-        logIn(sample::Alice, false);
-        auto catalog = sampleCatalog();
         auto writer = std::make_shared<RecordingWriter>();
-        catalog->setWriter(writer);
-        auto doomed = Fields::create();
-        doomed->Add(catalog->GetField(sample::App, 12));
-        doomed->Add(catalog->GetField(sample::App, 14));
+        auto catalog = sampleFor(sample::Alice, writer);
+        const FieldsPtr doomed = fieldsWithIds(*catalog, {12, 14});
 
         try {
             catalog->DeleteFields(doomed, nullptr);
@@ -317,11 +294,8 @@ private Q_SLOTS:
 
     void shouldLeaveTheCatalogueAloneWhenTheWriterFails()
     {
-        logIn(sample::Admin, true);
-        auto catalog = sampleCatalog();
-        catalog->setWriter(std::make_shared<FailingWriter>());
-        auto some = Fields::create();
-        some->Add(catalog->GetField(sample::App, 14));
+        auto catalog = sampleFor(sample::Admin, std::make_shared<RecordingWriter>(true));
+        const FieldsPtr some = fieldsWithIds(*catalog, {14});
 
         QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->DeleteFields(some, nullptr));
         QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, sample::Alice));
@@ -330,13 +304,9 @@ private Q_SLOTS:
 
     void shouldChangeOwnerToAKnownUserOnly()
     {
-        logIn(sample::Admin, true);
-        auto catalog = sampleCatalog();
         auto writer = std::make_shared<RecordingWriter>();
-        catalog->setWriter(writer);
-        auto some = Fields::create();
-        some->Add(catalog->GetField(sample::App, 14));
-        some->Add(catalog->GetField(sample::App, 13));
+        auto catalog = sampleFor(sample::Admin, writer);
+        const FieldsPtr some = fieldsWithIds(*catalog, {14, 13});
         const CurrentUserPtr alice = catalog->Users().at(1);
 
         catalog->ChangeOwner(some, alice->Identity());

@@ -29,38 +29,24 @@ const QStringList kNames{
     QStringLiteral("Handover Success (HO)"), QStringLiteral("Erlang"), QStringLiteral("ΣΥΝΟΛΟ Erl"),
 };
 
-CategorySpec category(const QString &key, const QString &name, const QString &rcvForm = QString())
-{
-    CategorySpec spec;
-    spec.key = key;
-    spec.parentKey = genericLabel();
-    spec.name = name;
-    spec.rcvFormName = rcvForm;
-    return spec;
-}
-
 /// The sample catalogue plus `count` fields over three categories, their names taken in turn from
 /// kNames starting at `firstName`, their other values varied so every filter has work to do.
 std::shared_ptr<MemoryCatalog> filterCatalog(int count, int firstName)
 {
     auto catalog = sampleCatalog();
-    catalog->addCategory(category(QStringLiteral("A"), QStringLiteral("Area A")));
-    catalog->addCategory(category(QStringLiteral("B"), QStringLiteral("Area B")));
-    catalog->addCategory(category(QStringLiteral("FORM"), QStringLiteral("Form Fields"), kRcvForm));
+    catalog->addCategory(categorySpec(QStringLiteral("A"), genericLabel(), QStringLiteral("Area A")));
+    catalog->addCategory(categorySpec(QStringLiteral("B"), genericLabel(), QStringLiteral("Area B")));
+    CategorySpec form = categorySpec(QStringLiteral("FORM"), genericLabel(), QStringLiteral("Form Fields"));
+    form.rcvFormName = kRcvForm;
+    catalog->addCategory(form);
     const QStringList keys{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("FORM")};
     const QStringList types{QStringLiteral("CNT"), QStringLiteral("EXP"), QStringLiteral("UDC")};
     const QStringList masks{QStringLiteral("G"), QStringLiteral("UL"), QStringLiteral("GUL"), QStringLiteral("Q")};
     const QList<qint32> owners{sample::Admin, sample::Alice, sample::Bob};
     for (int i = 0; i < count; ++i) {
-        FieldSpec spec;
-        spec.id = 100 + i;
-        spec.categoryKey = keys[i % keys.size()];
-        spec.name = kNames[(firstName + i) % kNames.size()];
-        spec.typeCode = types[i % types.size()];
-        spec.techMask = masks[i % masks.size()];
-        spec.ownerId = owners[i % owners.size()];
-        spec.busyHour = i % 5 == 0;
-        catalog->addField(spec);
+        catalog->addField(fieldSpec(100 + i, keys[i % keys.size()], kNames[(firstName + i) % kNames.size()],
+                                    types[i % types.size()], owners[i % owners.size()], masks[i % masks.size()],
+                                    i % 5 == 0));
     }
     catalog->addRcvField(kRcvForm, QStringLiteral("Attempts"), 10);
     catalog->addRcvField(kRcvForm, QStringLiteral("Twelfth"), 112);
@@ -107,7 +93,7 @@ class TestNameFilterPass : public QObject
     Q_OBJECT
 
 private slots:
-    void sameFieldsAsEachFieldAsked_data()
+    void shouldPassTheFieldsThatPassOnTheirOwn_data()
     {
         QTest::addColumn<FieldFilterValues>("values");
         QTest::newRow("one digit found in many names") << named(QStringLiteral("7"));
@@ -157,27 +143,17 @@ private slots:
         QTest::newRow("no name filter, another filter") << values;
     }
 
-    void sameFieldsAsEachFieldAsked()
+    void shouldPassTheFieldsThatPassOnTheirOwn()
     {
         QFETCH(FieldFilterValues, values);
         // Given a catalogue whose list holds all its fields, so the pass asks every name at once
-        auto catalog = filterCatalog(600, 0);
-        const FieldsPtr all = allFields(*catalog);
-        // When the list is filtered
-        const FieldsPtr passed = filterPass(*all, values);
-        // Then exactly the fields that pass on their own pass, in the list's order
-        QCOMPARE(idsOf(*passed), eachFieldAsked(*all, values));
-    }
-
-    void fieldsOfAnotherCatalogueAnswerForThemselves_data() { sameFieldsAsEachFieldAsked_data(); }
-
-    void fieldsOfAnotherCatalogueAnswerForThemselves()
-    {
-        QFETCH(FieldFilterValues, values);
-        // Given a list that mixes the fields of two catalogues whose names stand in other orders
         auto first = filterCatalog(600, 0);
-        auto second = filterCatalog(300, 7);
         const FieldsPtr a = allFields(*first);
+        // When the list is filtered, Then exactly the fields that pass on their own pass, in the list's order
+        QCOMPARE(idsOf(*filterPass(*a, values)), eachFieldAsked(*a, values));
+
+        // Given a list that mixes the fields of two catalogues whose names stand in other orders
+        auto second = filterCatalog(300, 7);
         const FieldsPtr b = allFields(*second);
         Fields mixed;
         for (qsizetype i = 0; i < a->size(); ++i) {
@@ -189,7 +165,7 @@ private slots:
         QCOMPARE(idsOf(*filterPass(mixed, values)), eachFieldAsked(mixed, values));
     }
 
-    void narrowedListGivesTheSameFields()
+    void shouldGiveTheSameFieldsForANarrowedList()
     {
         // Given a list already narrowed by one character
         auto catalog = filterCatalog(600, 0);
@@ -200,18 +176,14 @@ private slots:
         QCOMPARE(idsOf(*pass.run(all, named(QStringLiteral("er")))), eachFieldAsked(*all, named(QStringLiteral("er"))));
     }
 
-    void fieldsAddedAfterAPassAreAskedToo()
+    void shouldAskFieldsAddedAfterAPassToo()
     {
         // Given a list filtered once
         auto catalog = filterCatalog(200, 0);
         filterPass(*allFields(*catalog), named(QStringLiteral("er")));
         // When fields are added and the new list is filtered
-        FieldSpec spec;
-        spec.id = 5000;
-        spec.categoryKey = QStringLiteral("A");
-        spec.name = QStringLiteral("Newer Counter");
-        spec.typeCode = QStringLiteral("CNT");
-        catalog->addField(spec);
+        catalog->addField(fieldSpec(5000, QStringLiteral("A"), QStringLiteral("Newer Counter"), QStringLiteral("CNT"),
+                                    sample::Admin, QString()));
         const FieldsPtr all = allFields(*catalog);
         const FieldsPtr passed = filterPass(*all, named(QStringLiteral("er")));
         // Then the new field is among them
@@ -219,7 +191,7 @@ private slots:
         QCOMPARE(idsOf(*passed), eachFieldAsked(*all, named(QStringLiteral("er"))));
     }
 
-    void foldedNamesAnswerLikeTheMatcher_data()
+    void shouldAnswerForFoldedNamesLikeTheMatcher_data()
     {
         QTest::addColumn<QString>("pattern");
         QTest::newRow("literal") << QStringLiteral("er");
@@ -229,7 +201,7 @@ private slots:
         QTest::newRow("non-ASCII") << QStringLiteral("ü");
     }
 
-    void foldedNamesAnswerLikeTheMatcher()
+    void shouldAnswerForFoldedNamesLikeTheMatcher()
     {
         QFETCH(QString, pattern);
         FoldedNames names;
@@ -246,7 +218,7 @@ private slots:
         }
     }
 
-    void eachDistinctFoldedNameIsKeptOnce()
+    void shouldKeepEachDistinctFoldedNameOnce()
     {
         FoldedNames names;
         const quint32 counter = names.add(QStringLiteral("Counter 17"));
@@ -261,7 +233,7 @@ private slots:
         QCOMPARE(names.size(), quint32(5)); // four distinct ASCII names and position 0
     }
 
-    void manyDistinctNamesKeepTheirPositions()
+    void shouldKeepThePositionsOfManyDistinctNames()
     {
         // Enough names to grow the set several times
         FoldedNames names;

@@ -12,6 +12,39 @@ const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double kInf = std::numeric_limits<double>::infinity();
 const QString kLowerNaN = QStringLiteral("The allowed range is not valid: its lower end is not a number.");
 const QString kUpperNaN = QStringLiteral("The allowed range is not valid: its upper end is not a number.");
+const QString en = QStringLiteral("en_US");
+const QString de = QStringLiteral("de_DE");
+
+template<typename T>
+void addColumns()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QVariant>("low");
+    QTest::addColumn<QVariant>("high");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<T>("expected");
+    QTest::addColumn<QString>("message");
+}
+
+/// Runs the row through the check: its verdict, its number when valid, and its message to the user.
+template<typename T>
+void check(bool (*checkNumber)(const QVariant &, const QVariant &, const QVariant &, const QLocale &, T &, QString &))
+{
+    QFETCH(QString, locale);
+    QFETCH(QVariant, value);
+    QFETCH(QVariant, low);
+    QFETCH(QVariant, high);
+    QFETCH(bool, valid);
+    QFETCH(T, expected);
+    QFETCH(QString, message);
+    T result = -1;
+    QString error;
+    QCOMPARE(checkNumber(value, low, high, QLocale(locale), result, error), valid);
+    if (valid)
+        QCOMPARE(result, expected);
+    QCOMPARE(error, message);
+}
 }
 
 class TestNumberCheck : public QObject
@@ -21,15 +54,7 @@ class TestNumberCheck : public QObject
 private Q_SLOTS:
     void shouldCheckWholeNumbers_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QVariant>("low");
-        QTest::addColumn<QVariant>("high");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<int>("expected");
-        QTest::addColumn<QString>("message");
-        const QString en = QStringLiteral("en_US");
-        const QString de = QStringLiteral("de_DE");
+        addColumns<qint32>();
 
         QTest::newRow("plain") << en << QVariant("42") << kOpen << kOpen << true << 42 << QString();
         QTest::newRow("blanks around") << en << QVariant("  7 ") << kOpen << kOpen << true << 7 << QString();
@@ -77,33 +102,12 @@ private Q_SLOTS:
 
     void shouldCheckWholeNumbers()
     {
-        QFETCH(QString, locale);
-        QFETCH(QVariant, value);
-        QFETCH(QVariant, low);
-        QFETCH(QVariant, high);
-        QFETCH(bool, valid);
-        QFETCH(int, expected);
-        QFETCH(QString, message);
-        qint32 result = -1;
-        QString error;
-
-        QCOMPARE(checkWholeNumber(value, low, high, QLocale(locale), result, error), valid);
-        if (valid)
-            QCOMPARE(result, expected);
-        QCOMPARE(error, message);
+        check<qint32>(checkWholeNumber);
     }
 
     void shouldCheckRealNumbers_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QVariant>("low");
-        QTest::addColumn<QVariant>("high");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<double>("expected");
-        QTest::addColumn<QString>("message");
-        const QString en = QStringLiteral("en_US");
-        const QString de = QStringLiteral("de_DE");
+        addColumns<double>();
 
         QTest::newRow("C decimal") << en << QVariant("2.5") << kOpen << kOpen << true << 2.5 << QString();
         QTest::newRow("German comma") << de << QVariant("2,5") << kOpen << kOpen << true << 2.5 << QString();
@@ -140,20 +144,7 @@ private Q_SLOTS:
 
     void shouldCheckRealNumbers()
     {
-        QFETCH(QString, locale);
-        QFETCH(QVariant, value);
-        QFETCH(QVariant, low);
-        QFETCH(QVariant, high);
-        QFETCH(bool, valid);
-        QFETCH(double, expected);
-        QFETCH(QString, message);
-        double result = -1;
-        QString error;
-
-        QCOMPARE(checkRealNumber(value, low, high, QLocale(locale), result, error), valid);
-        if (valid)
-            QCOMPARE(result, expected);
-        QCOMPARE(error, message);
+        check<double>(checkRealNumber);
     }
 };
 

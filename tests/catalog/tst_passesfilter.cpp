@@ -12,24 +12,13 @@ const QString kRcvForm = QStringLiteral("Traffic Form");
 std::shared_ptr<MemoryCatalog> filterCatalog()
 {
     auto catalog = sampleCatalog();
-    CategorySpec form;
-    form.key = QStringLiteral("FORM");
-    form.parentKey = genericLabel();
-    form.name = QStringLiteral("Form Fields");
+    CategorySpec form = categorySpec(QStringLiteral("FORM"), genericLabel(), QStringLiteral("Form Fields"));
     form.rcvFormName = kRcvForm;
     catalog->addCategory(form);
-    FieldSpec spec;
-    spec.categoryKey = QStringLiteral("FORM");
-    spec.typeCode = QStringLiteral("CNT");
-    spec.ownerId = sample::Admin;
-    spec.id = 16;
-    spec.name = QStringLiteral("x' OR '1'='1; DROP TABLE fields");
-    spec.techMask = QStringLiteral("Q");
-    catalog->addField(spec);
-    spec.id = 17;
-    spec.name = QStringLiteral("Peak.Load (\"busy\")");
-    spec.techMask = QStringLiteral("L");
-    catalog->addField(spec);
+    catalog->addField(fieldSpec(16, form.key, QStringLiteral("x' OR '1'='1; DROP TABLE fields"), QStringLiteral("CNT"),
+                                sample::Admin, QStringLiteral("Q")));
+    catalog->addField(fieldSpec(17, form.key, QStringLiteral("Peak.Load (\"busy\")"), QStringLiteral("CNT"),
+                                sample::Admin, QStringLiteral("L")));
     catalog->addRcvField(kRcvForm, QStringLiteral("Attempts"), 10);
     return catalog;
 }

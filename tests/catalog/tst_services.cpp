@@ -9,20 +9,15 @@
 
 #include <QTest>
 
+#include <array>
 #include <thread>
 
 using namespace PickerCtl;
 using namespace PickerCtl::test;
 
 namespace {
-struct Instances
-{
-    const void *catalog = nullptr;
-    const void *services = nullptr;
-    const void *user = nullptr;
-    const void *messages = nullptr;
-    const void *picker = nullptr;
-};
+/// The calling thread's catalogue, services, user context, message service and owner picker.
+using Instances = std::array<const void *, 5>;
 
 Instances current()
 {
@@ -57,22 +52,16 @@ private Q_SLOTS:
         const Instances again = current();
         const Instances there = onAnotherThread();
 
-        QCOMPARE(again.catalog, here.catalog);
-        QCOMPARE(again.services, here.services);
-        QCOMPARE(again.user, here.user);
-        QCOMPARE(again.messages, here.messages);
-        QCOMPARE(again.picker, here.picker);
-        QVERIFY(there.catalog != here.catalog);
-        QVERIFY(there.services != here.services);
-        QVERIFY(there.user != here.user);
-        QVERIFY(there.messages != here.messages);
-        QVERIFY(there.picker != here.picker);
+        for (size_t i = 0; i < here.size(); ++i) {
+            QCOMPARE(again[i], here[i]);
+            QVERIFY2(there[i] != here[i], qPrintable(QString::number(i)));
+        }
 
         // Replacing an instance replaces only the calling thread's
         auto mine = sampleCatalog();
         FieldCatalog::setInstance(mine);
         QCOMPARE(FieldCatalog::instance(), std::shared_ptr<FieldCatalog>(mine));
-        QVERIFY(onAnotherThread().catalog != mine.get());
+        QVERIFY(onAnotherThread()[0] != mine.get());
     }
 
     void shouldGiveAHostThatNamesNoUserNoRights()
@@ -91,7 +80,7 @@ private Q_SLOTS:
         QVERIFY(!user->IsAdministrator());
         QVERIFY(user->IsReadOnly());
         QVERIFY(!user->CanModifyFields());
-        auto some = Fields::create();
+        const FieldsPtr some = Fields::create();
         some->Add(catalog->GetField(sample::App, 14));
         QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->DeleteFields(some, nullptr));
         QVERIFY_THROWS_EXCEPTION(CatalogError, catalog->ChangeOwner(some, sample::Alice));

@@ -3,6 +3,8 @@
 #include <PickerCtl/FixedUserContext.h>
 #include <PickerCtl/SqlCatalog.h>
 
+#include <QTest>
+
 namespace PickerCtl::test {
 
 namespace {
@@ -106,6 +108,13 @@ FieldsPtr fieldsWithIds(FieldCatalog &catalog, const QList<qint32> &ids)
 void logIn(const UserSpec &user)
 {
     UserContext::setInstance(std::make_shared<FixedUserContext>(std::make_shared<FixedUser>(user)));
+}
+
+void addStoreRows()
+{
+    QTest::addColumn<QString>("store");
+    for (const QString &store : Stores)
+        QTest::newRow(qPrintable(store)) << store;
 }
 
 QString CatalogueStores::fresh(const QString &store, int extraAliceUdcs)

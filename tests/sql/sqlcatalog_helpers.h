@@ -46,6 +46,8 @@ void logIn(const UserSpec &user);
 inline const QString SqliteStore = QStringLiteral("SQLite file");
 inline const QString PostgresStore = QStringLiteral("PostgreSQL");
 inline const QStringList Stores{SqliteStore, PostgresStore};
+/// A "store" column with one row per store.
+void addStoreRows();
 
 /**
  * The places of the stores' catalogues: an SQLite file in a temporary folder and a database of a

@@ -33,6 +33,15 @@ const QList<UserKind> UserKinds = {
     {QStringLiteral("no user named by the host"), Nobody, 0},
 };
 
+/// The catalogue at the location; an in-memory one is cut off from its store.
+std::shared_ptr<MemoryCatalog> open(const QString &catalogue, const QString &location)
+{
+    auto catalog = SqlCatalog::open(location);
+    if (catalogue == InMemory)
+        catalog->setWriter(nullptr);
+    return catalog;
+}
+
 void logInAs(const QString &name)
 {
     UserContext::setInstance(nullptr);  // the default user: the host named none
@@ -42,10 +51,24 @@ void logInAs(const QString &name)
     }
 }
 
-/// The store's catalogue as it is now, read by the administrator.
-std::shared_ptr<MemoryCatalog> reread(const QString &location)
+/// A "catalogue" and an "operation" column: every catalogue (or only the stores) with both changes.
+void addCatalogueAndOperationRows(const QStringList &catalogues)
 {
-    return SqlCatalog::open(location);
+    QTest::addColumn<QString>("catalogue");
+    QTest::addColumn<QString>("operation");
+    for (const QString &catalogue : catalogues) {
+        for (const QString &operation : {Reown, Delete})
+            QTest::addRow("%s: %s", qPrintable(catalogue), qPrintable(operation)) << catalogue << operation;
+    }
+}
+
+/// Re-owns or deletes the fields as the operation says.
+void change(MemoryCatalog &catalog, const QString &operation, const FieldsPtr &fields, qint32 newOwner)
+{
+    if (operation == Reown)
+        catalog.ChangeOwner(fields, newOwner);
+    else
+        catalog.DeleteFields(fields, nullptr);
 }
 
 } // namespace
@@ -106,9 +129,7 @@ private slots:
         // Given the catalogue (an in-memory one has no store behind it) and the user
         const QString location = m_stores.fresh(catalogue == InMemory ? SqliteStore : catalogue);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
-        const auto catalog = SqlCatalog::open(location);
-        if (catalogue == InMemory)
-            catalog->setWriter(nullptr);
+        const auto catalog = open(catalogue, location);
         logInAs(user);
         const qint32 owner = catalog->GetField(App, fieldId)->OwnerId();
         const qint32 newOwner = owner == Alice.id ? Bob.id : Alice.id;
@@ -117,10 +138,7 @@ private slots:
         const FieldsPtr fields = fieldsWithIds(*catalog, {fieldId});
         QString refusal;
         try {
-            if (operation == Reown)
-                catalog->ChangeOwner(fields, newOwner);
-            else
-                catalog->DeleteFields(fields, nullptr);
+            change(*catalog, operation, fields, newOwner);
         } catch (const CatalogError &e) {
             refusal = e.message();
         }
@@ -128,7 +146,7 @@ private slots:
         // Then it is done, or refused with a message and nothing changed, in memory and in the store
         QVERIFY2(refusal.isEmpty() == allowed, qPrintable(refusal));
         const FieldPtr inMemory = catalog->GetField(App, fieldId);
-        const FieldPtr stored = reread(location)->GetField(App, fieldId);
+        const FieldPtr stored = SqlCatalog::open(location)->GetField(App, fieldId);
         if (operation == Delete) {
             QCOMPARE(!inMemory, allowed);
             QCOMPARE(!stored, allowed && catalogue != InMemory);
@@ -140,12 +158,7 @@ private slots:
 
     void shouldRefuseAWholeCallForOneForeignField_data()
     {
-        QTest::addColumn<QString>("catalogue");
-        QTest::addColumn<QString>("operation");
-        for (const QString &catalogue : QStringList{InMemory} + Stores) {
-            for (const QString &operation : {Reown, Delete})
-                QTest::addRow("%s: %s", qPrintable(catalogue), qPrintable(operation)) << catalogue << operation;
-        }
+        addCatalogueAndOperationRows(QStringList{InMemory} + Stores);
     }
 
     void shouldRefuseAWholeCallForOneForeignField()
@@ -154,60 +167,46 @@ private slots:
         QFETCH(QString, operation);
         const QString location = m_stores.fresh(catalogue == InMemory ? SqliteStore : catalogue);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
-        const auto catalog = SqlCatalog::open(location);
-        if (catalogue == InMemory)
-            catalog->setWriter(nullptr);
+        const auto catalog = open(catalogue, location);
 
         // Given Alice, When she re-owns or deletes her UDC together with Bob's
         logIn(Alice);
         const FieldsPtr fields = fieldsWithIds(*catalog, {AliceUdcId, BobUdcId});
         try {
-            if (operation == Reown)
-                catalog->ChangeOwner(fields, Viewer.id);
-            else
-                catalog->DeleteFields(fields, nullptr);
+            change(*catalog, operation, fields, Viewer.id);
             QFAIL("another user's UDC was changed");
         } catch (const CatalogError &e) {
             // Then the message names Bob's UDC, and her own UDC is untouched too
             QVERIFY2(e.message().contains(QLatin1String("Bob's")), qPrintable(e.message()));
         }
         QCOMPARE(catalog->GetField(App, AliceUdcId)->OwnerId(), Alice.id);
-        QCOMPARE(reread(location)->GetField(App, AliceUdcId)->OwnerId(), Alice.id);
+        QCOMPARE(SqlCatalog::open(location)->GetField(App, AliceUdcId)->OwnerId(), Alice.id);
     }
 
     void shouldCheckTheStoreNotAStaleCopy_data()
     {
-        QTest::addColumn<QString>("store");
-        QTest::addColumn<QString>("operation");
-        for (const QString &store : Stores) {
-            for (const QString &operation : {Reown, Delete})
-                QTest::addRow("%s: %s", qPrintable(store), qPrintable(operation)) << store << operation;
-        }
+        addCatalogueAndOperationRows(Stores);
     }
 
     void shouldCheckTheStoreNotAStaleCopy()
     {
-        QFETCH(QString, store);
+        QFETCH(QString, catalogue);
         QFETCH(QString, operation);
-        const QString location = m_stores.fresh(store);
+        const QString location = m_stores.fresh(catalogue);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
 
         // Given Alice's catalogue, read while she owned her UDC, and the administrator giving it to Bob since
         logIn(Alice);
         const auto alices = SqlCatalog::open(location);
         logIn(Admin);
-        SqlCatalog::open(location)->ChangeOwner(fieldsWithIds(*reread(location), {AliceUdcId}), Bob.id);
+        SqlCatalog::open(location)->ChangeOwner(fieldsWithIds(*SqlCatalog::open(location), {AliceUdcId}), Bob.id);
 
         // When Alice, whose copy still says the UDC is hers, re-owns or deletes it
         logIn(Alice);
-        const FieldsPtr fields = fieldsWithIds(*alices, {AliceUdcId});
-        if (operation == Reown)
-            QVERIFY_THROWS_EXCEPTION(CatalogError, alices->ChangeOwner(fields, Viewer.id));
-        else
-            QVERIFY_THROWS_EXCEPTION(CatalogError, alices->DeleteFields(fields, nullptr));
+        QVERIFY_THROWS_EXCEPTION(CatalogError, change(*alices, operation, fieldsWithIds(*alices, {AliceUdcId}), Viewer.id));
 
         // Then the store refused it; after Refresh her copy shows Bob as the owner
-        QCOMPARE(reread(location)->GetField(App, AliceUdcId)->OwnerId(), Bob.id);
+        QCOMPARE(SqlCatalog::open(location)->GetField(App, AliceUdcId)->OwnerId(), Bob.id);
         QCOMPARE(alices->GetField(App, AliceUdcId)->OwnerId(), Alice.id);
         alices->Refresh();
         QCOMPARE(alices->GetField(App, AliceUdcId)->OwnerId(), Bob.id);

@@ -92,22 +92,6 @@ private:
     QTemporaryDir m_dir;
     QString m_path;
 
-    static void addStoreRows()
-    {
-        QTest::addColumn<QString>("store");
-        for (const QString &store : Stores)
-            QTest::newRow(qPrintable(store)) << store;
-    }
-
-    /// A fresh small catalogue in the row's store; empty (and the reason logged) when there is none.
-    QString freshCatalogue(const QString &store)
-    {
-        const QString location = m_stores.fresh(store);
-        if (location.isEmpty())
-            qWarning("%s", qPrintable(m_stores.error()));
-        return location;
-    }
-
 private slots:
     void init()
     {
@@ -128,7 +112,7 @@ private slots:
         m_stores.stop();
     }
 
-    void shouldReadBackEveryFieldAsWritten_data()
+    void shouldReadBackEveryFieldAsWrittenAndManyInOrder_data()
     {
         QTest::addColumn<QString>("store");
         QTest::addColumn<SqlFieldReading>("reading");
@@ -137,12 +121,12 @@ private slots:
         QTest::newRow("PostgreSQL") << PostgresStore << SqlFieldReading::Fastest;
     }
 
-    void shouldReadBackEveryFieldAsWritten()
+    void shouldReadBackEveryFieldAsWrittenAndManyInOrder()
     {
         QFETCH(QString, store);
         QFETCH(SqlFieldReading, reading);
         // Given the small catalogue in the store, When it is opened
-        const QString location = freshCatalogue(store);
+        const QString location = m_stores.fresh(store);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         const auto catalog = openReading(location, reading);
 
@@ -163,21 +147,9 @@ private slots:
         }
         QCOMPARE(catalog->GetCategoryTree(App)->AllFields(0)->Count(), 7);
         QCOMPARE(catalog->GetCategoryTree(OtherApp)->AllFields(0)->Count(), 1);
-    }
 
-    void shouldReadManyFieldsInOrder_data()
-    {
-        shouldReadBackEveryFieldAsWritten_data();
-    }
-
-    void shouldReadManyFieldsInOrder()
-    {
-        QFETCH(QString, store);
-        QFETCH(SqlFieldReading, reading);
-        const QString location = freshCatalogue(store);
-        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
+        // And a catalogue of many fields, spanning several of the reader's batches, comes back in order
         writeLargeCatalogue(location);
-
         const FieldsPtr all = openReading(location, reading)->GetCategoryTree(App)->AllFields(0);
 
         QCOMPARE(all->Count(), LargeFieldCount);
@@ -227,7 +199,7 @@ private slots:
     void shouldReadBackTheCatalogueShapeEnumerationsAndProperties()
     {
         QFETCH(QString, store);
-        const QString location = freshCatalogue(store);
+        const QString location = m_stores.fresh(store);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         const auto catalog = SqlCatalog::open(location);
 
@@ -279,15 +251,15 @@ private slots:
         QCOMPARE(properties->Item(QStringLiteral("Layout")).toString(), QStringLiteral("a,b;c"));
     }
 
-    void shouldKeepOwnershipChangesAfterReopeningAndRefuseAnUnknownOwner_data()
+    void shouldKeepOwnerChangesAndDeletionsAfterReopening_data()
     {
         addStoreRows();
     }
 
-    void shouldKeepOwnershipChangesAfterReopeningAndRefuseAnUnknownOwner()
+    void shouldKeepOwnerChangesAndDeletionsAfterReopening()
     {
         QFETCH(QString, store);
-        const QString location = freshCatalogue(store);
+        const QString location = m_stores.fresh(store);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given the catalogue, When the administrator gives the counter and Bob's UDC to Alice
         {
@@ -296,33 +268,19 @@ private slots:
             QCOMPARE(catalog->GetField(App, CounterId)->OwnerId(), Alice.id);
         }
         // Then the new owner is there after reopening, and nothing else changed
-        const auto reopened = SqlCatalog::open(location);
+        auto reopened = SqlCatalog::open(location);
         QCOMPARE(reopened->GetField(App, CounterId)->OwnerId(), Alice.id);
         QCOMPARE(reopened->GetField(App, BobUdcId)->OwnerId(), Alice.id);
         QCOMPARE(reopened->GetField(App, ExpressionId)->OwnerId(), Admin.id);
         // And an owner the catalogue does not know is refused without touching the store
         QVERIFY_THROWS_EXCEPTION(CatalogError, reopened->ChangeOwner(fieldsWithIds(*reopened, {CounterId}), 99));
         QCOMPARE(SqlCatalog::open(location)->GetField(App, CounterId)->OwnerId(), Alice.id);
-    }
 
-    void shouldKeepDeletionsAfterReopening_data()
-    {
-        addStoreRows();
-    }
-
-    void shouldKeepDeletionsAfterReopening()
-    {
-        QFETCH(QString, store);
-        const QString location = freshCatalogue(store);
-        QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
-        // Given the catalogue, When the administrator deletes three fields but excepts one
-        {
-            const auto catalog = SqlCatalog::open(location);
-            catalog->DeleteFields(fieldsWithIds(*catalog, {CounterId, BobUdcId, ScenarioFieldId}),
-                                  fieldsWithIds(*catalog, {BobUdcId}));
-        }
+        // When the administrator deletes three fields but excepts one
+        reopened->DeleteFields(fieldsWithIds(*reopened, {CounterId, BobUdcId, ScenarioFieldId}),
+                               fieldsWithIds(*reopened, {BobUdcId}));
         // Then the two are gone from the store with their RCV mapping; the exception, the rest and the form stay
-        const auto reopened = SqlCatalog::open(location);
+        reopened = SqlCatalog::open(location);
         QVERIFY(!reopened->GetField(App, CounterId));
         QVERIFY(!reopened->GetField(App, ScenarioFieldId));
         QVERIFY(reopened->GetField(App, BobUdcId));
@@ -339,7 +297,7 @@ private slots:
     void shouldRefuseForeignDeletionInTheStoreItself()
     {
         QFETCH(QString, store);
-        const QString location = freshCatalogue(store);
+        const QString location = m_stores.fresh(store);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given the store's writer used directly, as another program on the same database would
         logIn(Alice);
@@ -363,7 +321,7 @@ private slots:
     void shouldDiscardAnUncommittedBuild()
     {
         QFETCH(QString, store);
-        const QString location = freshCatalogue(store);
+        const QString location = m_stores.fresh(store);
         QVERIFY2(!location.isEmpty(), qPrintable(m_stores.error()));
         // Given a builder over the catalogue that wrote a user but was never committed
         {
@@ -414,78 +372,65 @@ private slots:
 
     void shouldRejectWhatIsNoCatalogue_data()
     {
-        QTest::addColumn<QString>("damage");
+        // How the small catalogue is replaced first ("" keeps it), then SQL that damages it
+        QTest::addColumn<QString>("replace");
+        QTest::addColumn<QStringList>("sql");
+        const QString noKeys = QStringLiteral("PRAGMA foreign_keys = OFF");
+        const auto update = [&](const QString &set) { return QStringList{noKeys, QStringLiteral("UPDATE ") + set}; };
+        // A late bad row is found while the reader thread is still ahead, or by the reader after batches went.
+        const QString late = QStringLiteral(" = 999999 WHERE id = %1").arg(LargeFieldCount - 10);
 
-        QTest::newRow("missing file") << QStringLiteral("missing");
-        QTest::newRow("empty file") << QStringLiteral("empty");
-        QTest::newRow("random bytes") << QStringLiteral("random");
-        QTest::newRow("truncated catalogue") << QStringLiteral("truncated");
-        QTest::newRow("another program's database") << QStringLiteral("foreign");
-        QTest::newRow("newer schema") << QStringLiteral("newer");
-        QTest::newRow("older schema") << QStringLiteral("older");
-        QTest::newRow("table without a column") << QStringLiteral("column");
-        QTest::newRow("field in no category") << QStringLiteral("orphan");
-        QTest::newRow("field with a missing text") << QStringLiteral("textless");
-        // Found while the reader thread is still ahead, or by the reader itself after batches went.
-        QTest::newRow("late field in no category") << QStringLiteral("late orphan");
-        QTest::newRow("late field with a missing text") << QStringLiteral("late textless");
-        QTest::newRow("a directory") << QStringLiteral("directory");
-        QTest::newRow("user id beyond 32 bits") << QStringLiteral("wide user");
-        QTest::newRow("RCV field id beyond 32 bits") << QStringLiteral("wide mapping");
+        QTest::newRow("missing file") << QStringLiteral("missing") << QStringList();
+        QTest::newRow("empty file") << QStringLiteral("empty") << QStringList();
+        QTest::newRow("random bytes") << QStringLiteral("random") << QStringList();
+        QTest::newRow("truncated catalogue") << QStringLiteral("truncated") << QStringList();
+        QTest::newRow("a directory") << QStringLiteral("directory") << QStringList();
+        QTest::newRow("another program's database")
+            << QStringLiteral("removed") << QStringList{QStringLiteral("CREATE TABLE customers (id INTEGER, name TEXT)"),
+                                                        QStringLiteral("INSERT INTO customers VALUES (1, 'x')")};
+        QTest::newRow("newer schema") << QString()
+            << update(QStringLiteral("catalog_info SET value = '99' WHERE key = 'schema_version'"));
+        QTest::newRow("older schema") << QString()
+            << update(QStringLiteral("catalog_info SET value = '1' WHERE key = 'schema_version'"));
+        QTest::newRow("table without a column") << QString() << QStringList{QStringLiteral("ALTER TABLE fields DROP COLUMN unit")};
+        QTest::newRow("field in no category") << QString() << update(QStringLiteral("fields SET category = 999999 WHERE id = 10"));
+        QTest::newRow("field with a missing text") << QString() << update(QStringLiteral("fields SET description = 999999 WHERE id = 10"));
+        QTest::newRow("late field in no category") << QStringLiteral("large") << update(QStringLiteral("fields SET category") + late);
+        QTest::newRow("late field with a missing text") << QStringLiteral("large") << update(QStringLiteral("fields SET unit") + late);
+        QTest::newRow("user id beyond 32 bits") << QString() << update(QStringLiteral("users SET id = 4294967298 WHERE id = 2"));
+        QTest::newRow("RCV field id beyond 32 bits")
+            << QString() << update(QStringLiteral("rcv_fields SET field_id = 4294967326 WHERE field_id = 30"));
     }
 
     void shouldRejectWhatIsNoCatalogue()
     {
-        QFETCH(QString, damage);
+        QFETCH(QString, replace);
+        QFETCH(QStringList, sql);
         QString path = m_path;
-
-        if (damage == QLatin1String("missing")) {
+        if (replace == QLatin1String("missing")) {
             path = m_dir.filePath(QStringLiteral("absent.sqlite"));
-        } else if (damage == QLatin1String("empty")) {
+        } else if (replace == QLatin1String("directory")) {
+            path = m_dir.path();
+        } else if (replace == QLatin1String("empty")) {
             QVERIFY(writeBytes(path, {}));
-        } else if (damage == QLatin1String("random")) {
+        } else if (replace == QLatin1String("random")) {
             std::mt19937 random(7);
             QByteArray bytes(64 * 1024, Qt::Uninitialized);
             for (char &c : bytes)
                 c = char(random());
             QVERIFY(writeBytes(path, bytes));
-        } else if (damage == QLatin1String("truncated")) {
-            // A catalogue that spans many pages, cut in the middle.
+        } else if (replace == QLatin1String("removed")) {
+            QFile::remove(path);
+        } else if (replace == QLatin1String("large") || replace == QLatin1String("truncated")) {
             writeLargeCatalogue(path);
+        }
+        if (replace == QLatin1String("truncated")) {
+            // A catalogue that spans many pages, cut in the middle.
             QFile file(path);
             QVERIFY(file.resize(file.size() / 2));
-        } else if (damage == QLatin1String("foreign")) {
-            QFile::remove(path);
-            QVERIFY(runOn(path, {QStringLiteral("CREATE TABLE customers (id INTEGER, name TEXT)"),
-                                 QStringLiteral("INSERT INTO customers VALUES (1, 'x')")}));
-        } else if (damage == QLatin1String("newer")) {
-            QVERIFY(runOn(path, {QStringLiteral("UPDATE catalog_info SET value = '99' WHERE key = 'schema_version'")}));
-        } else if (damage == QLatin1String("older")) {
-            QVERIFY(runOn(path, {QStringLiteral("UPDATE catalog_info SET value = '1' WHERE key = 'schema_version'")}));
-        } else if (damage == QLatin1String("column")) {
-            QVERIFY(runOn(path, {QStringLiteral("ALTER TABLE fields DROP COLUMN unit")}));
-        } else if (damage == QLatin1String("orphan")) {
-            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE fields SET category = 999999 WHERE id = 10")}));
-        } else if (damage == QLatin1String("textless")) {
-            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE fields SET description = 999999 WHERE id = 10")}));
-        } else if (damage == QLatin1String("late orphan") || damage == QLatin1String("late textless")) {
-            writeLargeCatalogue(path);
-            const QString column = damage.endsWith(QLatin1String("orphan")) ? QStringLiteral("category")
-                                                                             : QStringLiteral("unit");
-            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE fields SET %1 = 999999 WHERE id = %2")
-                                     .arg(column).arg(LargeFieldCount - 10)}));
-        } else if (damage == QLatin1String("directory")) {
-            path = m_dir.path();
-        } else if (damage == QLatin1String("wide mapping")) {
-            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE rcv_fields SET field_id = 4294967326 WHERE field_id = 30")}));
-        } else if (damage == QLatin1String("wide user")) {
-            QVERIFY(runOn(path, {QStringLiteral("PRAGMA foreign_keys = OFF"),
-                                 QStringLiteral("UPDATE users SET id = 4294967298 WHERE id = 2")}));
         }
+        if (!sql.isEmpty())
+            QVERIFY(runOn(path, sql));
 
         // When it is opened, Then a clear error comes and nothing crashes
         try {

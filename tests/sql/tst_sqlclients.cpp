@@ -46,6 +46,17 @@ struct Meeting
     std::latch worked{3};
 };
 
+/// Every field of every application, with its owner.
+QHash<qint32, qint32> ownersIn(MemoryCatalog &catalog)
+{
+    QHash<qint32, qint32> owners;
+    for (const QString &app : catalog.Applications()) {
+        for (const FieldPtr &f : *catalog.GetCategoryTree(app)->AllFields(0))
+            owners.insert(f->Id(), f->OwnerId());
+    }
+    return owners;
+}
+
 /// One client on a thread of its own: its own connection, user and cursor. It reads the catalogue,
 /// works once every client has read it, waits until every client has worked, refreshes and records
 /// what it shows.
@@ -71,10 +82,7 @@ void runClient(const QString &location, const UserSpec &user, const ClientWork &
     try {
         if (catalog) {
             catalog->Refresh();
-            for (const QString &app : catalog->Applications()) {
-                for (const FieldPtr &f : *catalog->GetCategoryTree(app)->AllFields(0))
-                    run.ownersAfter.insert(f->Id(), f->OwnerId());
-            }
+            run.ownersAfter = ownersIn(*catalog);
         }
     } catch (const std::exception &e) {
         run.failures << QString::fromLocal8Bit(e.what());
@@ -101,13 +109,7 @@ ClientWork eachUdc(const std::function<void(MemoryCatalog &, const FieldsPtr &)>
 
 QHash<qint32, qint32> storedOwners(const QString &location)
 {
-    QHash<qint32, qint32> owners;
-    const auto catalog = SqlCatalog::open(location);
-    for (const QString &app : catalog->Applications()) {
-        for (const FieldPtr &f : *catalog->GetCategoryTree(app)->AllFields(0))
-            owners.insert(f->Id(), f->OwnerId());
-    }
-    return owners;
+    return ownersIn(*SqlCatalog::open(location));
 }
 
 void runSql(const QString &location, const QStringList &statements)
@@ -155,9 +157,7 @@ private slots:
 
     void shouldKeepTheRuleAndLoseNothingWhenClientsRace_data()
     {
-        QTest::addColumn<QString>("store");
-        for (const QString &store : Stores)
-            QTest::newRow(qPrintable(store)) << store;
+        addStoreRows();
     }
 
     void shouldKeepTheRuleAndLoseNothingWhenClientsRace()
@@ -190,9 +190,8 @@ private slots:
         }
 
         // Then no client met a lock or any other failure
-        QVERIFY2(alice.failures.isEmpty(), qPrintable(alice.failures.join(QLatin1Char('\n'))));
-        QVERIFY2(admin.failures.isEmpty(), qPrintable(admin.failures.join(QLatin1Char('\n'))));
-        QVERIFY2(bob.failures.isEmpty(), qPrintable(bob.failures.join(QLatin1Char('\n'))));
+        for (const ClientRun *run : {&alice, &admin, &bob})
+            QVERIFY2(run->failures.isEmpty(), qPrintable(run->failures.join(QLatin1Char('\n'))));
         // And the store refused only what the race allows: Alice a UDC that is Bob's by now, the
         // administrator a UDC that Alice has deleted
         for (const QString &refusal : alice.refusals)
@@ -211,16 +210,13 @@ private slots:
         }
         // And nothing else was touched, and after Refresh every client shows the store as it is
         QCOMPARE(stored.size() - admin.done.size(), smallCatalogueFields().size());
-        QCOMPARE(alice.ownersAfter, stored);
-        QCOMPARE(admin.ownersAfter, stored);
-        QCOMPARE(bob.ownersAfter, stored);
+        for (const ClientRun *run : {&alice, &admin, &bob})
+            QCOMPARE(run->ownersAfter, stored);
     }
 
     void shouldShowAnotherClientsChangesWhenACategoryReloads_data()
     {
-        QTest::addColumn<QString>("store");
-        for (const QString &store : Stores)
-            QTest::newRow(qPrintable(store)) << store;
+        addStoreRows();
     }
 
     void shouldShowAnotherClientsChangesWhenACategoryReloads()
